@@ -1,0 +1,2 @@
+// Diagnostic logs.
+#pragma once

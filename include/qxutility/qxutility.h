@@ -1,0 +1,10 @@
+// The whole interface of the library on this platform.
+#pragma once
+
+#include <qxutility/config/language.h>
+#include <qxutility/config/startup.h>
+#include <qxutility/config/table_reader.h>
+#include <qxutility/core/text.h>
+#include <qxutility/formats/log_file.h>
+#include <qxutility/formats/text_file.h>
+#include <qxutility/host.h>

@@ -1,0 +1,29 @@
+// The library's process-wide state: created at attach, torn down at detach, so that a test can start
+// from nothing. It belongs to the user-interface thread and is not guarded.
+#pragma once
+
+#include <qxutility/config/language.h>
+#include <qxutility/config/table_reader.h>
+
+#include <memory>
+#include <string>
+
+namespace qx {
+
+struct ProcessState {
+    CLanguage language;                    // English without a table before the first attach
+    HINSTANCE module = nullptr;            // the library's own module; null while detached
+    std::unique_ptr<CTableReader> table;   // the library's language table; null when there is none
+    std::string iniFileName;               // the product INI file; empty until first asked for
+    bool assertsOff = false;
+    bool assertSilenced[2] = {};           // AssertMessage with and without an expression
+};
+
+ProcessState& Process();
+
+// Opens the language table beside `module` and attaches the language object. A second attach
+// without a detach between does nothing.
+void AttachProcess(HINSTANCE module);
+void DetachProcess();
+
+}  // namespace qx

@@ -1,0 +1,17 @@
+// Loaded modules: the program, this library, others.
+#pragma once
+
+#include <qxutility/types.h>
+
+#include <string>
+
+namespace qx::platform {
+
+// The module that this code was linked into: the library, or a test program.
+HINSTANCE ThisModule();
+// The full path of a module's file, of the program's for null; empty when there is none.
+std::string ModulePath(HINSTANCE module);
+// The folder of a module's file with its final separator.
+std::string ModuleFolder(HINSTANCE module);
+
+}  // namespace qx::platform

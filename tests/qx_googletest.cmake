@@ -1,0 +1,13 @@
+# GoogleTest: the installed package, or for cross builds its sources as Debian ships them.
+if(CMAKE_CROSSCOMPILING)
+    set(QX_GOOGLETEST_SOURCE /usr/src/googletest CACHE PATH "Sources of GoogleTest")
+    set(INSTALL_GTEST OFF CACHE BOOL "")
+    add_subdirectory(${QX_GOOGLETEST_SOURCE} googletest EXCLUDE_FROM_ALL SYSTEM)
+    foreach(_library gtest gtest_main gmock gmock_main)
+        if(NOT TARGET GTest::${_library})
+            add_library(GTest::${_library} ALIAS ${_library})
+        endif()
+    endforeach()
+else()
+    find_package(GTest REQUIRED)
+endif()
