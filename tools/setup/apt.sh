@@ -1,0 +1,50 @@
+# Shell functions around apt and dpkg.  Sourced by install.sh and wine32.sh.
+
+export DEBIAN_FRONTEND=noninteractive
+apt_options=(-y -q --no-install-recommends -o DPkg::Lock::Timeout=600 -o Dpkg::Use-Pty=0)
+
+say() { printf '%s\n' "$*" >&2; }
+
+can_be_root() {
+    [ "$(id -u)" = 0 ] && return
+    command -v sudo >/dev/null && { [ -t 0 ] || sudo -n true 2>/dev/null; }
+}
+
+as_root() {
+    if [ "$(id -u)" = 0 ]; then "$@"; else sudo DEBIAN_FRONTEND=noninteractive "$@"; fi
+}
+
+# Prints the packages among the arguments that are not installed.  "name" means this machine's
+# architecture (or "all"), "name:arch" that one.
+missing_packages() {
+    local native installed name
+    native=$(dpkg --print-architecture)
+    installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}:${Architecture}\n' |
+        sed -n "s/^installed //p" | sed "s/:all\$/:$native/")
+    for name in "$@"; do
+        [[ $name == *:* ]] || name=$name:$native
+        grep -qxF "$name" <<<"$installed" || printf '%s\n' "${name%":$native"}"
+    done
+}
+
+# apt-get update.  An index that cannot be fetched (a foreign architecture's, say) is no reason
+# to stop: apt-get install tells better what is missing because of it.
+update_package_lists() {
+    as_root apt-get "${apt_options[@]}" "$@" update >&2 ||
+        say "Some package lists could not be fetched; going on with what there is."
+}
+
+# Installs what is missing among the arguments.  Quick when nothing is.
+install_packages() {
+    local missing
+    mapfile -t missing < <(missing_packages "$@")
+    [ ${#missing[@]} = 0 ] && return
+    say "Packages to install: ${missing[*]}"
+    if ! can_be_root; then
+        say "That needs root. Please run as root:"
+        say "    apt-get update && apt-get install --no-install-recommends ${missing[*]}"
+        return 1
+    fi
+    update_package_lists
+    as_root apt-get "${apt_options[@]}" install "${missing[@]}" >&2
+}
