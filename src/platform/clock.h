@@ -6,8 +6,8 @@
 namespace qx::platform {
 
 struct LocalTime {
-    int year;         // 2008
-    int month, day;   // 1 to 12, 1 to 31
+    int year;        // 2008
+    int month, day;  // 1 to 12, 1 to 31
     int hour, minute, second;
 };
 
