@@ -4,6 +4,7 @@
 #include <qxutility/config/language.h>
 #include <qxutility/config/startup.h>
 #include <qxutility/config/table_reader.h>
+#include <qxutility/core/numbers.h>
 #include <qxutility/core/text.h>
 #include <qxutility/formats/log_file.h>
 #include <qxutility/formats/text_file.h>

@@ -1,0 +1,31 @@
+// Look-ups in a table: the values of a column in the rows that meet all criteria.
+#pragma once
+
+#include "config/table.h"
+
+#include <string>
+#include <vector>
+
+namespace qx {
+
+struct Criterion {
+    int column;
+    const char* value;  // null is met by no cell
+};
+
+struct TableQuery {
+    int returnColumn = 0;
+    int maxResults = 0;               // 0: all
+    bool unique = false;              // a value that is in the result already is skipped
+    bool ignoreCase = false;          // of the criteria
+    std::vector<Criterion> criteria;  // none: every row
+};
+
+struct QueryResult {
+    std::string text;  // each value followed by a tab; the bare value for one of one asked for
+    int count = 0;
+};
+
+QueryResult RunQuery(const Table& table, const TableQuery& query);
+
+}  // namespace qx
