@@ -1,4 +1,7 @@
-// Locale data by Windows locale identifier. Texts are in the ANSI code page of that locale.
+// Locale data by Windows locale identifier: the system's own on Windows, ICU's elsewhere. Texts are
+// in the ANSI code page of the locale (of the process for a locale that has none; 1252 where there
+// is no such thing); a character that the code page lacks becomes '?'. An unknown locale gives
+// empty texts. All functions may be called from any thread.
 #pragma once
 
 #include <qxutility/types.h>
@@ -7,13 +10,24 @@
 
 namespace qx::platform {
 
+// True for a language with its country (0x0407), also for the language alone (0x0007) and with a
+// sort order (0x10407). False for the placeholders of the system's and the user's locale (0,
+// 0x0400, 0x0800).
 bool IsInstalledLocale(DWORD lcid);
-std::string DecimalSeparator(DWORD lcid);    // empty for an unknown locale
-std::string ThousandsSeparator(DWORD lcid);  // empty for an unknown locale
-// Currency text of a plain number text ("-1234.56"); empty when it is no number or the locale is
-// unknown.
+
+// One character of one or two bytes nearly everywhere, at most four bytes. A thousands separator
+// that is a blank is the no-break space, 0xA0 in most code pages.
+std::string DecimalSeparator(DWORD lcid);
+std::string ThousandsSeparator(DWORD lcid);
+
+// Currency text of a plain number text: "-1234.567" gives "-1.234,57 €" in German. The number is an
+// optional '-', digits, and at most one '.' among them; it may be of any length, no digit is lost.
+// Rounded half away from zero to the currency's decimals. Empty when it is no number.
 std::string FormatCurrency(DWORD lcid, const char* value);
-// Today's date; flags: 0 or DATE_SHORTDATE, or DATE_LONGDATE. Empty for an unknown locale.
+
+// Today's date in the local time zone. flags: 0 or DATE_SHORTDATE for the short form (05.03.2008),
+// DATE_LONGDATE for the long one (Mittwoch, 5. März 2008); empty for both, or with flags that the
+// system does not know.
 std::string FormatToday(DWORD lcid, DWORD flags);
 
 }  // namespace qx::platform
