@@ -11,8 +11,7 @@
 namespace qx::platform {
 
 // True for a language with its country (0x0407), also for the language alone (0x0007) and with a
-// sort order (0x10407). False for the placeholders of the system's and the user's locale (0,
-// 0x0400, 0x0800).
+// sort order (0x10407). False for the placeholders (0, 0x0400, 0x0800).
 bool IsInstalledLocale(DWORD lcid);
 
 // One character of one or two bytes nearly everywhere, at most four bytes. A thousands separator
@@ -21,8 +20,9 @@ std::string DecimalSeparator(DWORD lcid);
 std::string ThousandsSeparator(DWORD lcid);
 
 // Currency text of a plain number text: "-1234.567" gives "-1.234,57 €" in German. The number is an
-// optional '-', digits, and at most one '.' among them; it may be of any length, no digit is lost.
-// Rounded half away from zero to the currency's decimals. Empty when it is no number.
+// optional '-', digits, and at most one '.' among them; without digits it is zero. It may be of any
+// length, no digit is lost. Rounded half away from zero to the currency's decimals. Empty when it
+// is no such text.
 std::string FormatCurrency(DWORD lcid, const char* value);
 
 // Today's date in the local time zone. flags: 0 or DATE_SHORTDATE for the short form (05.03.2008),

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstring>
 #include <iterator>
 #include <map>
 #include <memory>
@@ -72,6 +73,7 @@ static constexpr CodePageOf kPrimaryCodePages[] = {
     {0x43, 1254},  // Uzbek in Latin letters
     {0x44, 1251},  // Tatar
     {0x50, 1251},  // Mongolian in Cyrillic letters
+    {0x59, 1256},  // Sindhi
     {0x6D, 1251},  // Bashkir
     {0x80, 1256},  // Uyghur
     {0x85, 1251},  // Yakut
@@ -265,9 +267,8 @@ static bool IsPlainNumber(std::string_view text)
 {
     if (text.starts_with('-'))
         text.remove_prefix(1);
-    const auto points = std::count(text.begin(), text.end(), '.');
-    return points <= 1 && text.size() > static_cast<std::size_t>(points) &&
-           text.find_first_not_of("0123456789.") == std::string_view::npos;
+    return text.find_first_not_of("0123456789.") == std::string_view::npos &&
+           std::count(text.begin(), text.end(), '.') <= 1;
 }
 
 std::string FormatCurrency(DWORD lcid, const char* value)
@@ -275,8 +276,10 @@ std::string FormatCurrency(DWORD lcid, const char* value)
     const LocaleData* data = Find(lcid);
     if (!data || !value || !IsPlainNumber(value))
         return {};
+    const bool hasDigits = std::strpbrk(value, "0123456789") != nullptr;
     UErrorCode status = U_ZERO_ERROR;
-    const auto text = data->currency.formatDecimal(value, status).toString(status);
+    const auto text =
+        data->currency.formatDecimal(hasDigits ? value : "0", status).toString(status);
     return U_SUCCESS(status) ? ToCodePage(WithPlainBlanks(text), data->codePage) : "";
 }
 

@@ -26,22 +26,30 @@ std::string ThousandsSeparator(DWORD lcid)
     return LocaleText(lcid, LOCALE_STHOUSAND);
 }
 
-// A text of `call(buffer, size)`, which returns its size with the terminator, 0 when it fails.
+// The text that `call(buffer, size)` puts into a buffer that is large enough. It returns the text's
+// size with the terminator, 0 when it fails; empty then.
 template <typename Call>
 static std::string SizedText(Call call)
 {
-    std::string text(static_cast<std::size_t>(call(nullptr, 0)), '\0');
-    if (!text.empty())
-        text.resize(static_cast<std::size_t>(call(text.data(), static_cast<int>(text.size()))));
-    if (!text.empty())
-        text.pop_back();
-    return text;
+    std::string text(256, '\0');
+    for (;;) {
+        const int size = call(text.data(), static_cast<int>(text.size()));
+        if (size > 0) {
+            text.resize(static_cast<std::size_t>(size) - 1);
+            return text;
+        }
+        if (::GetLastError() != ERROR_INSUFFICIENT_BUFFER)
+            return {};
+        text.resize(2 * text.size());
+    }
 }
 
 std::string FormatCurrency(DWORD lcid, const char* value)
 {
+    if (!value)
+        return {};
     return SizedText([=](char* buffer, int size) {
-        return value ? ::GetCurrencyFormatA(lcid, 0, value, nullptr, buffer, size) : 0;
+        return ::GetCurrencyFormatA(lcid, 0, value, nullptr, buffer, size);
     });
 }
 
