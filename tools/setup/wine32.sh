@@ -20,14 +20,16 @@ here=$(cd "$(dirname "$0")" && pwd)
 
 # shellcheck disable=SC2206  # one word per package
 wine32_packages=(${packages[wine32]})
-private=                               # scratch folder for apt's private state
+private=$(mktemp -d)                   # apt's private lists and archives
+trap 'rm -rf "$private"' EXIT
+chmod 755 "$private"
 
 # apt's options for package lists of our own, made from the machine's sources:
 #   private_lists ARCHITECTURES [more options]
 private_lists() {
     local architectures=$1
     shift
-    [ -n "$private" ] || { private=$(mktemp -d) && chmod 755 "$private"; }
+    rm -rf "$private/lists"
     mkdir -p "$private/lists/partial" "$private/archives/partial"
     lists=("${apt_options[@]}" -o APT::Architectures="$architectures" -o APT::Sandbox::User=
         -o Dir::State::lists="$private/lists" -o Dir::Cache::pkgcache= -o Dir::Cache::srcpkgcache=
@@ -74,8 +76,8 @@ unpack_tree() {
     local tree=$1 version deb
     local unneeded=(--exclude=./{bin,sbin,etc,var} --exclude=./usr/{bin,sbin,share,include})
     version=$(dpkg-query -W -f '${Version}' wine64) || return 1
-    : >"${log%.log}.status"
-    private_lists i386 -o APT::Architecture=i386 -o Dir::State::status="${log%.log}.status" \
+    : >"$private/status"
+    private_lists i386 -o APT::Architecture=i386 -o Dir::State::status="$private/status" \
         -o Dir::Cache::archives="$private/archives" -o Debug::NoLocking=1
     fetch_lists
     apt-get "${lists[@]}" --download-only install "wine32=$version" \
@@ -99,7 +101,6 @@ main() {
     mkdir -p "$qx_cache"
     log=$qx_cache/wine32-setup.log
     : >"$log"
-    trap 'rm -rf "${private:-}"' EXIT
     try_multiarch && return
     if [ "${CI:-}" = true ]; then
         say "CI=true: installing wine32:i386 with the libraries pinned to the release."

@@ -16,6 +16,8 @@ wine32_tree() { printf '%s/wine32-%s' "$qx_cache" "$(wine_version)"; }
 # else makes one in which they count as root, or has sudo make it and drops back to themselves.
 in_wine32_tree() {
     local mount='mount -t overlay overlay -o lowerdir="/usr:$0/usr" /usr && exec "$@"' tree
+    # No entry in /etc/ld.so.conf.d tells the loader of the folder.
+    local -x LD_LIBRARY_PATH=/usr/lib/i386-linux-gnu${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH}
     tree=$(wine32_tree)
     if [ "$(id -u)" = 0 ]; then
         unshare --mount -- sh -c "$mount" "$tree" "$@"
