@@ -11,12 +11,12 @@
 namespace qx {
 
 struct ProcessState {
-    CLanguage language;                    // English without a table before the first attach
-    HINSTANCE module = nullptr;            // the library's own module; null while detached
-    std::unique_ptr<CTableReader> table;   // the library's language table; null when there is none
-    std::string iniFileName;               // the product INI file; empty until first asked for
+    CLanguage language;                   // English without a table before the first attach
+    HINSTANCE module = nullptr;           // the library's own module; null while detached
+    std::unique_ptr<CTableReader> table;  // the library's language table; null when there is none
+    std::string iniFileName;              // the product INI file; empty until first asked for
     bool assertsOff = false;
-    bool assertSilenced[2] = {};           // AssertMessage with and without an expression
+    bool assertSilenced[2] = {};  // AssertMessage with and without an expression
 };
 
 ProcessState& Process();
