@@ -237,6 +237,7 @@ def main(arguments):
     for path, content in ((options.table, table_bytes), (options.rc, rc_bytes),
                           (options.cpp, cpp_bytes)):
         if path:
+            path.parent.mkdir(parents=True, exist_ok=True)
             path.write_bytes(content(entries))
     return 0
 

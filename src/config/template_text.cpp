@@ -156,7 +156,7 @@ static std::string Digits(std::uint64_t value, char letter)
 {
     const int base = letter == 'o' ? 8 : letter == 'x' || letter == 'X' ? 16 : 10;
     char digits[24];
-    const char* const end = std::to_chars(digits, digits + sizeof digits, value, base).ptr;
+    char* const end = std::to_chars(digits, digits + sizeof digits, value, base).ptr;
     std::string result(digits, end);
     if (letter == 'X') {
         for (char& digit : result)
