@@ -112,7 +112,12 @@ class QX_API CLanguage {
     // of columns of the table, 0 without one.
     int LanguageList(HWND comboBox) const;
     // Translate a menu and its submenus, a dialog's caption and labels, one control (true when its
-    // text was set), each by the English wording that it shows.
+    // text was set), each by the English wording that it shows: less its first '&' (a translation
+    // brings its own), a final "..." and, in a menu, the accelerator behind a tab. Once an item of
+    // a menu level has had "..." all later ones of that level get it. Everything but the text of a
+    // menu item stays as it is. What the user enters (Edit, ComboBox, ListBox) is left alone.
+    // Nothing is done in English (for a menu: with `lcid` 0) or without a table. Texts are cut to
+    // 269 characters in menus, 254 elsewhere.
     void Menu(HMENU menu, DWORD lcid) const;
     void Dialog(HWND dialog) const;
     bool Control(HWND control) const;
