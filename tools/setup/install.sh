@@ -7,6 +7,8 @@ here=$(cd "$(dirname "$0")" && pwd)
 . "$here/packages.sh"
 . "$here/apt.sh"
 
+command -v apt-get >/dev/null ||
+    { say "This set-up installs packages with apt (Debian 12); this machine has none."; exit 1; }
 wanted=()
 for group in "$@"; do
     [ -n "${packages[$group]:-}" ] || { say "install.sh: no group \"$group\""; exit 2; }

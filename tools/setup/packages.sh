@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # The Debian packages that the scripts of this project install, in groups.  Sourced by
 # install.sh; the names of the groups are its arguments.
 
@@ -26,8 +27,8 @@ packages[wine64]="wine wine64 fonts-wine libxcomposite1 libxcursor1 libxfixes3 l
 packages[wine32]="wine32:i386 libxcomposite1:i386 libxcursor1:i386 libxfixes3:i386 libxi6:i386
     libxinerama1:i386 libxrandr2:i386 libxrender1:i386 libxxf86vm1:i386 libcups2:i386"
 
-# Benchmarks and the peers that they measure against.
-packages[bench]="libbenchmark-dev gettext libicu-dev"
+# The peers that the benchmarks measure against.
+packages[bench]="libicu-dev gettext"
 
 # Checks of the sources.
 packages[checks]="clang-format clang-tidy"

@@ -36,10 +36,11 @@ private_lists() {
         -o Acquire::Languages=none -o Acquire::GzipIndexes=true "$@")
 }
 
-# Fetches the private lists, as far as they can be had; what happened goes to the log alone.
+# Fetches the private lists, as far as they can be had.
 fetch_lists() { apt-get "${lists[@]}" -o Debug::NoLocking=1 update >>"$log" 2>&1 || true; }
 
-add_i386() { dpkg --print-foreign-architectures | grep -qx i386 || as_root dpkg --add-architecture i386; }
+knows_i386() { dpkg --print-foreign-architectures | grep -qx i386; }
+add_i386() { knows_i386 || as_root dpkg --add-architecture i386; }
 
 try_multiarch() {
     local plan had_i386=yes
@@ -49,11 +50,11 @@ try_multiarch() {
     plan=$(apt-get "${lists[@]}" -s --no-remove install "${wine32_packages[@]}" 2>>"$log") ||
         { say "apt cannot install wine32:i386 beside this machine's packages as they are."; return 1; }
     if grep -qiE '^Remv|downgraded' <<<"$plan"; then return 1; fi
-    dpkg --print-foreign-architectures | grep -qx i386 || had_i386=no
+    knows_i386 || had_i386=no
     add_i386
     update_package_lists
-    as_root apt-get "${apt_options[@]}" --no-remove install "${wine32_packages[@]}" >&2 && return
-    [ $had_i386 = yes ] || { as_root dpkg --remove-architecture i386 && update_package_lists; }
+    logged_apt "${apt_options[@]}" --no-remove install "${wine32_packages[@]}" && return
+    if [ $had_i386 = no ]; then as_root dpkg --remove-architecture i386 && update_package_lists; fi
     return 1
 }
 
@@ -67,8 +68,8 @@ install_pinned() {
     chmod 644 "$private/preferences"
     add_i386
     fetch_lists
-    as_root apt-get "${lists[@]}" -o Dir::Etc::preferences="$private/preferences" \
-        --no-remove --allow-downgrades install "${wine32_packages[@]}" >&2
+    logged_apt "${lists[@]}" -o Dir::Etc::preferences="$private/preferences" \
+        --no-remove --allow-downgrades install "${wine32_packages[@]}"
 }
 
 # Unpacks the i386 packages as they are: what a Wine process needs of them are files in /usr/lib.
@@ -94,12 +95,14 @@ unpack_tree() {
     rm -rf "$tree" && mv "$tree.new" "$tree"
 }
 
+# A throw-away machine takes its packages from apt alone.
+have_wine32() { wine32_installed || { [ "${CI:-}" != true ] && wine32_tree_usable; }; }
+
 main() {
-    wine32_installed && return
-    [ "${CI:-}" != true ] && wine32_tree_usable && return
+    have_wine32 && return
     say "Looking for a way to run 32-bit Windows programs."
-    mkdir -p "$qx_cache"
-    log=$qx_cache/wine32-setup.log
+    one_at_a_time
+    have_wine32 && return
     : >"$log"
     try_multiarch && return
     if [ "${CI:-}" = true ]; then

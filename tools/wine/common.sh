@@ -1,7 +1,7 @@
-# Where the Wine tools keep things, and which Wine there is.  Sourced.
+# shellcheck shell=bash
+# Which Wine there is, and how to enter an unpacked one.  Sourced.
 
-HOME=${HOME:-$(echo ~)}
-qx_cache=${XDG_CACHE_HOME:-$HOME/.cache}/qxutility
+. "$(dirname "${BASH_SOURCE[0]}")/../setup/cache.sh"
 
 wine_version() { dpkg-query -W -f '${Version}' wine64 2>/dev/null || wine64 --version; }
 

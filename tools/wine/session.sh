@@ -3,7 +3,8 @@
 #   tools/wine/session.sh ctest --preset windows-x86
 #   tools/wine/session.sh wine program.exe
 # The exit status is the command's.  Several sessions can run side by side.
-# KEEP_SESSION=1 keeps the prefix for a look at it afterwards.
+# KEEP_SESSION=1 keeps the prefix for a look at it afterwards.  OWN_SCREEN=1 shows the windows on
+# the screen that DISPLAY names instead of an invisible one.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 . "$here/common.sh"
@@ -39,6 +40,7 @@ new_prefix() {
 
 start_screen() {
     local wm
+    [ -n "${OWN_SCREEN:-}" ] && [ -n "${DISPLAY:-}" ] && return
     wm=$qx_cache/nullwm-$(cksum <"$here/nullwm.c" | cut -d' ' -f1)
     [ -x "$wm" ] || { gcc -O2 "$here/nullwm.c" -o "$wm.$$" -lX11 && mv "$wm.$$" "$wm"; }
     Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp \
