@@ -20,7 +20,7 @@ compile() {
         cmake --build --preset "$preset" --parallel "$(nproc)" "$@" >>"$log" 2>&1; then
         return
     fi
-    tail -n 60 "$log" >&2
-    echo "The build of $preset failed; the whole log is $log" >&2
+    tail -n 60 "$log"
+    echo "The build of $preset failed; the whole log is $log"
     return 1
 }
