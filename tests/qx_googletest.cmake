@@ -10,4 +10,11 @@ if(CMAKE_CROSSCOMPILING)
     endforeach()
 else()
     find_package(GTest REQUIRED)
+    # The package was compiled for an older C++ and leaves members of std::string to the runtime.
+    # Named first, the runtime provides them; otherwise a member of our archives that happens to
+    # contain one is linked, also where a test has a double in its place.
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        set_property(TARGET GTest::gtest APPEND PROPERTY INTERFACE_LINK_OPTIONS
+            "LINKER:--push-state,--no-as-needed,-lstdc++,--pop-state")
+    endif()
 endif()

@@ -20,9 +20,9 @@ std::string DecimalSeparator(DWORD lcid);
 std::string ThousandsSeparator(DWORD lcid);
 
 // Currency text of a plain number text: "-1234.567" gives "-1.234,57 €" in German. The number is an
-// optional '-', digits, and at most one '.' among them; without digits it is zero. It may be of any
-// length, no digit is lost. Rounded half away from zero to the currency's decimals. Empty when it
-// is no such text.
+// optional '-', digits, and at most one '.' among them; without digits it is zero. No digit of a
+// long one is lost. Rounded half away from zero to the currency's decimals. Empty when it is no
+// such text, or longer than the system takes.
 std::string FormatCurrency(DWORD lcid, const char* value);
 
 // Today's date in the local time zone. flags: 0 or DATE_SHORTDATE for the short form (05.03.2008),
