@@ -133,8 +133,7 @@ bool TextFile::ValidFile() const
 void TextFile::ReadLine(char* line)
 {
     m_reader->TakeLine([&line](std::string_view piece) {
-        std::memcpy(line, piece.data(), piece.size());
-        line += piece.size();
+        line += piece.copy(line, piece.size());
     });
     *line = '\0';
 }
@@ -144,9 +143,7 @@ std::size_t TextFile::ReadLine(char* line, std::size_t size)
     std::size_t length = 0, kept = 0;
     const std::size_t room = size > 0 ? size - 1 : 0;
     m_reader->TakeLine([&](std::string_view piece) {
-        const std::size_t count = std::min(piece.size(), room - kept);
-        std::memcpy(line + kept, piece.data(), count);
-        kept += count;
+        kept += piece.copy(line + kept, room - kept);
         length += piece.size();
     });
     if (size > 0)
