@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # Shell functions around apt and dpkg.  Sourced by install.sh and wine32.sh.
 
-. "$(dirname "${BASH_SOURCE[0]}")/cache.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 mkdir -p "$qx_cache"
 log=$qx_cache/setup.log                # what apt says
 export DEBIAN_FRONTEND=noninteractive
@@ -9,13 +9,9 @@ apt_options=(-y -q --no-install-recommends -o DPkg::Lock::Timeout=600 -o Dpkg::U
 
 say() { printf '%s\n' "$*" >&2; }
 
-can_be_root() {
-    [ "$(id -u)" = 0 ] && return
-    command -v sudo >/dev/null && { [ -t 0 ] || sudo -n true 2>/dev/null; }
-}
-
+can_be_root() { is_root || has_sudo; }
 as_root() {
-    if [ "$(id -u)" = 0 ]; then "$@"; else sudo env DEBIAN_FRONTEND=noninteractive "$@"; fi
+    if is_root; then "$@"; else sudo env DEBIAN_FRONTEND=noninteractive "$@"; fi
 }
 
 # Prints the packages among the arguments that are not installed.  "name" means this machine's
@@ -28,7 +24,7 @@ missing_packages() {
     for name in "$@"; do
         [[ $name == *:* ]] || name=$name:$native
         grep -qxF "$name" <<<"$installed" || printf '%s\n' "${name%":$native"}"
-    done
+    done | sort -u
 }
 
 # Waits for other set-ups of this person to end.

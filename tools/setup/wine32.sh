@@ -108,11 +108,13 @@ main() {
     if [ "${CI:-}" = true ]; then
         say "CI=true: installing wine32:i386 with the libraries pinned to the release."
         install_pinned && return
+    elif ! namespace_maker >/dev/null; then
+        say "An unpacked 32-bit Wine cannot be used either: no mount namespaces for you here."
     else
         say "Unpacking 32-bit Wine into $(wine32_tree) (for the tests alone)."
         unpack_tree "$(wine32_tree)" && wine32_tree_usable && return
     fi
-    say "No 32-bit Wine to be had (see $log)."
+    say "No 32-bit Wine to be had (apt's words are in $log)."
     return 1
 }
 main
