@@ -4,15 +4,13 @@
 
 #include <qxutility/core/numbers.h>
 
-#include <cstdlib>
-
 int IsNumber(char* text, double* value)
 {
     const CLanguage& language = qx::Process().language;
     const qx::NumberKind kind = qx::ClassifyNumber(text, language.Decimal());
     if (value && kind != qx::NumberKind::None) {
         language.EnglishNumber(text);
-        *value = *text == '(' ? -std::atof(text + 1) : std::atof(text);
+        *value = Number(text);
     }
     return static_cast<int>(kind);
 }
