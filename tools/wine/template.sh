@@ -34,6 +34,8 @@ quiet wineserver -w
 quiet wine reg add 'HKCU\Software\Wine\X11 Driver' /v Decorated /d N /f
 # A crash must end the program, not open a dialog that waits for a click.
 quiet wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f
+# Wine 8 without a screen stores a menu height that it has not computed: menus then fill the screen.
+quiet wine reg add 'HKCU\Control Panel\Desktop\WindowMetrics' /v MenuHeight /d 18 /f
 quiet wineserver -k || true
 quiet wineserver -w
 # Debian's Wine does not find its own fonts (Tahoma for "MS Shell Dlg", Marlett for caption
