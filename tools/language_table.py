@@ -123,22 +123,29 @@ def translation_problems(entry, language):
         yield 'has more than one "&", or a "..." (it is added on the screen)'
 
 
-def entry_problems(entry):
+def columns_of(entries):
+    """The languages of a source: English and what else its row of names has."""
+    names = next((entry.values for entry in entries if entry.name == NAMES_ROW), COLUMNS)
+    return {language: column for language, column in COLUMNS.items()
+            if language in names or language == "en"}
+
+
+def entry_problems(entry, columns):
     """Pairs of language and problem; the language is empty for the block as a whole."""
     if entry.name != NAMES_ROW and not (
             re.fullmatch(r"[1-9]\d*", entry.name) and int(entry.name) <= LAST_NUMBER):
         yield "", f"is neither {NAMES_ROW} nor a number from 1 to {LAST_NUMBER}"
     for key in entry.values:
-        if key not in COLUMNS and key not in ("where", "limit"):
-            yield key, "is no key of a block"
+        if key not in columns and key not in ("where", "limit"):
+            yield key, f"is no key of a block, nor a language that [{NAMES_ROW}] names"
     if not entry.values.get("where"):
         yield "", "does not say where it is shown (where = ...)"
     if not isinstance(entry.limit, int) or entry.limit < 1:
         yield "limit", "is no number of characters"
         return
-    usable = [language for language in COLUMNS
+    usable = [language for language in columns
               if isinstance(entry.values.get(language), str) and entry.values[language]]
-    for language in COLUMNS:
+    for language in columns:
         if language not in usable:
             yield language, "is missing or empty"
             continue
@@ -162,26 +169,27 @@ def duplicate_problems(entries):
         seen.setdefault(key, entry.name)
 
 
-def row_of(entry):
+def row_of(entry, columns):
     return b"\t".join([entry.name.encode("ascii"),
-                       *(escape(entry.values[language]) for language in COLUMNS)])
+                       *(escape(entry.values[language]) for language in columns)])
 
 
 def all_problems(entries):
     """Pairs of line number and problem."""
-    sound = []
+    columns, sound = columns_of(entries), []
     for entry in entries:
         found = [(entry.lines.get(key, entry.lines[""]), f"[{entry.name}] {key} {text}")
-                 for key, text in entry_problems(entry)]
+                 for key, text in entry_problems(entry, columns)]
         yield from found
         if not found:
             sound.append(entry)
     for entry, text in duplicate_problems(entries):
         yield entry.lines[""], f"[{entry.name}] en {text}"
     for entry in sound:
-        if len(row_of(entry)) > LONGEST_LINE:
-            yield entry.lines[""], (f"[{entry.name}] makes a line of {len(row_of(entry))} "
-                                    f"characters, but only {LONGEST_LINE} are read")
+        length = len(row_of(entry, columns))
+        if length > LONGEST_LINE:
+            yield entry.lines[""], (f"[{entry.name}] makes a line of {length} characters, "
+                                    f"but only {LONGEST_LINE} are read")
     if not any(entry.name == NAMES_ROW for entry in entries):
         yield 1, f"[{NAMES_ROW}] is missing, the names of the languages"
 
@@ -191,8 +199,10 @@ def in_order(entries):
 
 
 def table_bytes(entries):
-    header = "\t".join(["IDS", *COLUMNS.values()]).encode("ascii")
-    return b"".join(row + b"\r\n" for row in [header, *map(row_of, in_order(entries))])
+    columns = columns_of(entries)
+    header = "\t".join(["IDS", *columns.values()]).encode("ascii")
+    rows = [row_of(entry, columns) for entry in in_order(entries)]
+    return b"".join(row + b"\r\n" for row in [header, *rows])
 
 
 def literal(text):

@@ -109,6 +109,14 @@ class Generator(Case):
                 self.assertRegex(result.stderr, message)
                 self.assertEqual([], [p.name for p in self.folder.iterdir() if p.suffix == ""])
 
+    def test_the_languages_are_those_that_the_names_row_has(self):
+        two = {language: None for language in LANGUAGES if language not in ("en", "fr")}
+        self.assertEqual(0, self.run_on(block("L", **two) + block(7, **two)).returncode)
+        self.assertEqual([b"IDS\t09-01\t12-01", b"L\tL en\tL fr", b"7\t7 en\t7 fr", b""],
+                         self.table().split(b"\r\n"))
+        self.assertRegex(self.run_on(block("L", **two) + block(7)).stderr,
+                         r"\[7\] de is no key of a block, nor a language that \[L\] names")
+
     def test_a_source_without_the_names_of_the_languages_is_refused(self):
         self.assertRegex(self.run_on(block(7)).stderr, r":1: \[L\] is missing")
 
