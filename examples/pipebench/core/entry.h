@@ -1,0 +1,42 @@
+// What the user typed about a pipe, and its check.
+#pragma once
+
+#include "core/pipe.h"
+
+#include <qxutility/config/language.h>
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace pipebench {
+
+enum class Field { Name, Length, Diameter, Price };
+
+struct PipeEntry {
+    std::string name, length, diameter, price;
+    std::size_t material = 0;
+};
+
+// Why an entry cannot be taken: the field, the number of the message, the text that the message
+// quotes. Ready for ErrorMessage.
+struct BadEntry {
+    Field field;
+    int stringId;
+    std::string text;
+};
+
+// A number in the user's form ("12,5" where the decimal character is a comma); nothing when the
+// text holds anything else. A '.' is refused where it is not the decimal character: "1.000" means
+// a thousand there.
+std::optional<double> ReadNumber(const CLanguage& language, const std::string& text);
+
+// The pipe, or the first field that cannot be taken. `others` are the pipes that already exist.
+std::variant<Pipe, BadEntry> CheckEntry(const CLanguage& language, const PipeEntry& entry,
+                                        const std::vector<Pipe>& others);
+
+// A pipe as its dialog shows it.
+PipeEntry ToEntry(const CLanguage& language, const Pipe& pipe);
+
+}  // namespace pipebench

@@ -1,0 +1,21 @@
+// Values and sentences as the user reads them.
+#pragma once
+
+#include <qxutility/config/language.h>
+
+#include <string>
+
+namespace pipebench {
+
+// The value with so many decimals and the user's decimal character: "12,50".
+std::string NumberText(const CLanguage& language, double value, int decimals);
+// The value as it is best typed again: as few digits as give it back.
+std::string ShortNumberText(const CLanguage& language, double value);
+std::string MoneyText(const CLanguage& language, double value, bool keepDecimals);
+std::string DateText(const CLanguage& language, DWORD flags);
+// The translation of an English wording; the wording where there is none.
+std::string Wording(const CLanguage& language, const std::string& english);
+// String `id` of `module` with the argument in its place, in the language of the library.
+std::string Sentence(HINSTANCE module, int id, const std::string& argument);
+
+}  // namespace pipebench

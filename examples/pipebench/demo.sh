@@ -1,0 +1,200 @@
+#!/bin/bash
+# Drives Pipe Bench, a Windows program under Wine, as a person would: with mouse and keyboard.
+#   demo.sh BUILD_DIR OUT_DIR
+# runs inside tools/wine/session.sh.  BUILD_DIR is a Windows build with the Linux build beside it;
+# screenshots go to OUT_DIR.  Ends with status 1 when something expected does not appear.
+set -euo pipefail
+bin=$1/bin
+out=$2
+linux=$1/../linux/bin/pipebench
+limit=20                                # seconds to wait for anything
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+mkdir -p "$out"
+
+say() { printf '%s\n' "$*"; }
+fail() {
+    say "FAILED: $*" >&2
+    import -window root "$out/failed.png" || true
+    exit 1
+}
+
+# Waits until a command succeeds:  wait_for DESCRIPTION COMMAND...
+wait_for() {
+    local what=$1 end=$((SECONDS + limit))
+    shift
+    until "$@"; do
+        [ $SECONDS -lt $end ] || fail "$what did not appear within $limit seconds"
+        sleep 0.05
+    done
+}
+
+# ---- Windows: the X server knows them by title, probe by their controls --------------------------
+
+window_shown() { xdotool search --onlyvisible --name "^$1\$" >/dev/null 2>&1; }
+window_gone() { ! window_shown "$1"; }
+probe() { wine "$bin/pipebench_probe.exe" "$@" 2>/dev/null | tr -d '\r'; }
+
+# The lines of probe for the window CLASS, TITLE are in $controls afterwards.
+look_at() { controls=$(probe "$1" "$2") && [ -n "$controls" ]; }
+wait_for_dialog() { wait_for "the dialog '$1'" window_shown "$1"; wait_for "the dialog '$1'" look_at '#32770' "$1"; }
+# The error box has the title of the main window, so its class tells them apart.
+wait_for_box() { wait_for "the box '$1'" look_at '#32770' "$1"; }
+box_gone() { ! look_at '#32770' "$1"; }
+
+# Field 1 to 5 of the control with this identifier or class: control 303 3
+control() { awk -F'\t' -v key="$1" -v field="$2" '$1 == key || $2 == key { print $field; exit }' <<<"$controls"; }
+click_control() { xdotool mousemove "$(control "$1" 3)" "$(control "$1" 4)" click 1; }
+
+# ---- Menus: popups are windows without a title ---------------------------------------------------
+
+popups() { xdotool search --onlyvisible --class pipebench 2>/dev/null | sort >"$scratch/now" || true
+    comm -13 "$scratch/windows" "$scratch/now"; }
+popup_count() { [ "$(popups | wc -l)" -eq "$1" ]; }
+popup_place() { popups | head -1 | xargs -r xdotool getwindowgeometry 2>/dev/null || true; }
+popup_elsewhere() { [ "$(popups | wc -l)" -eq 1 ] && [ "$(popup_place)" != "$1" ]; }
+
+# Opens one of the five menus by number: a click on the first, then the arrow key to the left (past
+# the system menu), as the one to the right would open submenus.
+open_menu() {
+    local menu place
+    xdotool search --onlyvisible --class pipebench | sort >"$scratch/windows"
+    xdotool mousemove $((X + 20)) $((Y + 34)) click 1
+    wait_for "the first menu" popup_count 1
+    for ((menu = 6; menu >= $1; menu--)); do
+        place=$(popup_place)
+        xdotool key Left
+        wait_for "menu $menu" popup_elsewhere "$place"
+    done
+}
+close_menu() { xdotool key Escape key Escape key Escape; wait_for "the window without its menu" popup_count 0; }
+
+# Clicks row ROW of ROWS in the open menu, which has no separators.
+click_row() {
+    local x y width height
+    settle
+    read -r x y width height < <(xdotool getwindowgeometry --shell "$(popups | head -1)" |
+        awk -F= '{ v[$1] = $2 } END { print v["X"], v["Y"], v["WIDTH"], v["HEIGHT"] }')
+    xdotool mousemove $((x + width / 3)) $((y + (2 * $1 - 1) * height / (2 * $2))) click 1
+}
+
+# ---- Pictures ------------------------------------------------------------------------------------
+
+capture() { import -window root -crop "${WIDTH}x$HEIGHT+$X+$Y" +repage "$1"; }
+# Waits until the window has been painted and two pictures in a row are the same.
+settle() { wait_for "a finished picture" settled; }
+settled() {
+    capture "$scratch/a.ppm"
+    [ "$(identify -format %k "$scratch/a.ppm")" -gt 50 ] || return
+    sleep 0.15
+    capture "$scratch/b.ppm"
+    cmp -s "$scratch/a.ppm" "$scratch/b.ppm"
+}
+screenshot() {
+    settle
+    capture "$out/$1.png"
+    say "    picture: ${out##*/}/$1.png"
+}
+
+locate() { eval "$(xdotool getwindowgeometry --shell "$window")"; }  # WIDTH, HEIGHT, X, Y
+moved() { locate; [ "$X,$Y" != "$1" ]; }
+
+# ---- What is shown in each language --------------------------------------------------------------
+
+declare -A dialog=([en]='Pipe data' [de]='Rohrdaten' [fr]='Données du tuyau')
+declare -A good=([en]=12.5 [de]=12,5 [fr]=12,5)
+declare -A label=([en]='Inside &diameter (mm):' [de]='Innen&durchmesser (mm):'
+    [fr]='&Diamètre intérieur (mm) :')
+languages=(en de fr)
+
+rows() { look_at PIPEBENCH_MAIN 'Pipe Bench' && [ "$(control SysListView32 5)" = "$1" ]; }
+
+choose_language() {
+    say "Language menu: row $1 of ${#languages[@]}"
+    open_menu 4
+    click_row "$1" "${#languages[@]}"
+    wait_for "the window without its menu" popup_count 0
+}
+
+show_menus() {
+    say "    View menu and its submenu for sorting"
+    open_menu 3
+    xdotool key Down key Right
+    wait_for "the submenu" popup_count 2
+    screenshot "$1-menu"
+    close_menu
+}
+
+enter_pipe() {
+    local language=$1 expected=$2
+    say "    Insert key: dialog '${dialog[$language]}'"
+    xdotool key Insert
+    wait_for_dialog "${dialog[$language]}"
+    grep -qF "${label[$language]}" <<<"${controls//$'\u00a0'/ }" || fail "no label '${label[$language]}'"
+    screenshot "$language-dialog"
+
+    say "    length 'twelve', click on OK"
+    click_control 303
+    xdotool key ctrl+a type 'twelve'
+    click_control 1
+    wait_for_box 'Pipe Bench'
+    grep -F twelve <<<"$controls" | cut -f5 >"$scratch/$language-box"
+    say "    error box: $(cat "$scratch/$language-box")"
+    screenshot "$language-error"
+    xdotool key Return
+    wait_for "the end of the box" box_gone 'Pipe Bench'
+
+    say "    length '${good[$language]}', Enter key"
+    look_at '#32770' "${dialog[$language]}" || fail "the dialog has gone with the box"
+    xdotool type "${good[$language]}"
+    xdotool key Return
+    wait_for "the end of the dialog" window_gone "${dialog[$language]}"
+    wait_for "the list with $expected pipes" rows "$expected"
+    say "    the list has $expected pipes"
+}
+
+say "Starting pipebench.exe"
+wine "$bin/pipebench.exe" 2>/dev/null &
+program=$!
+wait_for "the main window" window_shown 'Pipe Bench'
+window=$(xdotool search --onlyvisible --name '^Pipe Bench$' | head -1)
+wait_for "the list with 5 pipes" rows 5
+locate
+settle
+
+# Boxes open in the middle of the screen: the window goes there, so that pictures show both.
+say "Dragging the window by its title"
+before=$X,$Y
+xdotool mousemove $((X + 300)) $((Y + 12)) mousedown 1 mousemove $((X + 400)) $((Y + 112)) \
+    mousemove $((X + 520)) $((Y + 252)) mouseup 1
+wait_for "the window at its new place" moved "$before"
+
+count=5
+for i in "${!languages[@]}"; do
+    language=${languages[i]}
+    [ "$i" = 0 ] || choose_language $((i + 1))
+    say "In the language '$language':"
+    show_menus "$language"
+    enter_pipe "$language" $((++count))
+    screenshot "$language-window"
+done
+
+say "Alt+F4"
+xdotool key alt+F4
+wait_for "the end of the program" window_gone 'Pipe Bench'
+wait "$program" || fail "pipebench.exe ended with status $?"
+
+# ---- The same without windows --------------------------------------------------------------------
+
+say "Console mode, as a Windows program and natively on Linux:"
+for language in "${languages[@]}"; do
+    wine "$bin/pipebench.exe" --console --language "$language" 2>/dev/null | tr -d '\r' >"$out/$language-windows.txt"
+    "$linux" --language "$language" >"$out/$language-linux.txt"
+    diff "$out/$language-windows.txt" "$out/$language-linux.txt" ||
+        fail "the two print different texts ('$language')"
+    grep -qF "$(cat "$scratch/$language-box")" "$out/$language-linux.txt" ||
+        fail "the error box and the console mode say different things ('$language')"
+    say "    $language: $(wc -l <"$out/$language-linux.txt") lines, the same in both"
+done
+cat "$out/de-linux.txt"
+say "Done: the pictures are in $out"

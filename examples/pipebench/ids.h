@@ -1,0 +1,58 @@
+// Numbers that the resources, the language table and the program share. Macros, as the resource
+// compiler reads this file too.
+#ifndef PIPEBENCH_IDS_H
+#define PIPEBENCH_IDS_H
+
+// Resources
+#define IDR_MAIN_MENU 100
+#define IDR_ACCELERATORS 101
+#define IDI_PIPEBENCH 102
+#define IDD_PIPE 110
+#define IDD_OPTIONS 111
+
+// Commands
+#define IDM_NEW 201
+#define IDM_EXIT 202
+#define IDM_DUPLICATE 211
+#define IDM_DELETE 212
+#define IDM_ADD 213
+#define IDM_EDIT 214
+#define IDM_SORT_NAME 221
+#define IDM_SORT_LENGTH 222
+#define IDM_SORT_DIAMETER 223
+#define IDM_DECIMALS_0 231
+#define IDM_DECIMALS_3 234
+#define IDM_SKETCH 241
+#define IDM_STATUS_BAR 242
+#define IDM_OPTIONS 243
+#define IDM_ABOUT 251
+// One command per language of the table, in its order; the first item stands in the resource.
+#define IDM_LANGUAGE_FIRST 260
+#define IDM_LANGUAGE_LAST 291
+
+// Controls
+#define IDC_NAME 301
+#define IDC_MATERIAL 302
+#define IDC_LENGTH 303
+#define IDC_DIAMETER 304
+#define IDC_PRICE 305
+#define IDC_LANGUAGE 311
+#define IDC_PREVIEW_NUMBER 312
+#define IDC_PREVIEW_MONEY 313
+#define IDC_PREVIEW_DATE 314
+
+// Strings of the language table
+#define IDS_PROGRAM 1
+#define IDS_ABOUT 2
+#define IDS_NOT_A_NUMBER 11
+#define IDS_BAD_LENGTH 12
+#define IDS_BAD_DIAMETER 13
+#define IDS_BAD_PRICE 14
+#define IDS_NAME_MISSING 15
+#define IDS_NAME_TAKEN 16
+#define IDS_PIPE_COUNT 21
+#define IDS_TOTAL_LENGTH 22
+#define IDS_TOTAL_CONTENT 23
+#define IDS_TOTAL_PRICE 24
+
+#endif

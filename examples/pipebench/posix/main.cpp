@@ -1,0 +1,53 @@
+// Pipe Bench on systems without windows: the console mode alone.
+#include "core/console.h"
+#include "core/options.h"
+#include "ids.h"
+
+#include <qxutility/qxutility.h>
+
+#include <cstdio>
+#include <filesystem>
+
+using namespace pipebench;
+
+// Stands in for the box: what a user would read in it.
+static int PrintBox(HWND, const char* text, const char* caption, UINT)
+{
+    std::printf("[%s] %s\n", Utf8(caption).c_str(), Utf8(text).c_str());
+    return IDOK;
+}
+
+static void ShowBadEntry(const Localisation& localisation, const BadEntry& bad)
+{
+    ErrorMessage(localisation.Module(), localisation.String(IDS_PROGRAM), nullptr, bad.stringId,
+                 MB_OK | MB_ICONEXCLAMATION, bad.text.c_str());
+}
+
+// The English texts, for when the language table is missing.
+static void RegisterStrings(HINSTANCE module)
+{
+    static constexpr std::pair<unsigned, const char*> kStrings[] = {
+#include "pipebench_strings.inc"
+    };
+    for (const auto& [id, text] : kStrings)
+        qx::host::RegisterString(module, id, text);
+}
+
+int main(int argc, char** argv)
+{
+    const Options options = ReadOptions({argv + (argc > 0), argv + argc});
+    if (!options.error.empty()) {
+        std::fprintf(stderr, "pipebench: %s\n%s", options.error.c_str(), kUsage);
+        return 2;
+    }
+    const auto folder = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+    const HINSTANCE module = qx::host::ModuleOf(kUsage);
+    RegisterStrings(module);
+    Localisation localisation(module, (folder / "PIPEBENCH_LANGUAGE.DAT").string());
+    if (!localisation.Use(options.lcid))
+        std::fprintf(stderr,
+                     "pipebench: this language is not in the table, continuing in English\n");
+    qx::host::SetMessageBoxHandler(PrintBox);
+    RunConsole(localisation, ShowBadEntry);
+    return 0;
+}

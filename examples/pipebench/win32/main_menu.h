@@ -1,0 +1,15 @@
+// The main menu in the user's language.
+#pragma once
+
+#include "core/localisation.h"
+
+#include <windows.h>
+
+namespace pipebench {
+
+// The menu of the resources, translated, with the languages of the table in its language menu. The
+// translation starts from the English resource each time, as the wordings of a translated menu are
+// no keys. The caller owns the menu.
+HMENU LoadTranslatedMenu(const Localisation& localisation);
+
+}  // namespace pipebench

@@ -1,0 +1,58 @@
+// The main window: menu, sketch, list of pipes, status bar.
+#pragma once
+
+#include "core/localisation.h"
+#include "core/pipe.h"
+#include "win32/pipe_list.h"
+#include "win32/sketch_view.h"
+
+#include <windows.h>
+
+#include <optional>
+#include <vector>
+
+namespace pipebench {
+
+class MainWindow {
+  public:
+    explicit MainWindow(Localisation& localisation);
+    MainWindow(const MainWindow&) = delete;
+    MainWindow& operator=(const MainWindow&) = delete;
+
+    // Shows the window and handles messages until it is closed; returns the exit status.
+    int Run(int show);
+
+  private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
+    void OnCreate();
+    void OnSize();
+    void OnCommand(int id);
+    void OnNotify(const NMHDR& header);
+    void OnInitMenu(HMENU menu) const;
+
+    void ShowTexts();
+    void ShowMenu();
+    void ShowPipes();
+    void ShowSketch();
+    void ShowStatus();
+
+    void UseLanguage(DWORD lcid);
+    void AddPipe();
+    void EditSelected();
+    void DuplicateSelected();
+    void DeleteSelected();
+    void Sort(SortKey key);
+    void Toggle(HWND child);
+    void ShowAbout();
+
+    Localisation& m_localisation;
+    HWND m_window = nullptr;
+    HWND m_statusBar = nullptr;
+    SketchView m_sketch;
+    PipeList m_list;
+    std::vector<Pipe> m_pipes = SamplePipes();
+    int m_decimals = 2;
+};
+
+}  // namespace pipebench
