@@ -44,6 +44,7 @@ void DetachProcess()
     process.language.SetLanguage(9, 1);
     process.module = nullptr;
     process.iniFileName.clear();
+    process.directories = {};
     process.assertsOff = false;
     process.assertSilenced[0] = process.assertSilenced[1] = false;
 }

@@ -1,20 +1,28 @@
-// The library's process-wide state: created at attach, torn down at detach, so that a test can start
-// from nothing. It belongs to the user-interface thread and is not guarded.
+// The library's process-wide state: created at attach, torn down at detach, so that a test can
+// start from nothing. It belongs to the user-interface thread and is not guarded.
 #pragma once
 
 #include <qxutility/config/language.h>
 #include <qxutility/config/table_reader.h>
 
+#include <array>
 #include <memory>
 #include <string>
 
 namespace qx {
+
+// Directories that were asked for; empty until then.
+struct DirectoryCache {
+    std::string appData, localAppData;
+    std::array<std::string, 11> fromIni;  // by DirTypes
+};
 
 struct ProcessState {
     CLanguage language;                   // English without a table before the first attach
     HINSTANCE module = nullptr;           // the library's own module; null while detached
     std::unique_ptr<CTableReader> table;  // the library's language table; null when there is none
     std::string iniFileName;              // the product INI file; empty until first asked for
+    DirectoryCache directories;
     bool assertsOff = false;
     bool assertSilenced[2] = {};  // AssertMessage with and without an expression
 };

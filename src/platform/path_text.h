@@ -1,4 +1,4 @@
-// The folder part of a path's text.
+// The parts of a path's text.
 #pragma once
 
 #include <qxutility/types.h>
@@ -6,6 +6,9 @@
 #include <string_view>
 
 namespace qx::platform {
+
+// What stands between the parts of a path that is put together.
+inline constexpr char kSeparator = QX_WINDOWS ? '\\' : '/';
 
 // The part of `path` up to and with its last separator; empty for a bare name.
 inline std::string_view FolderPart(std::string_view path)

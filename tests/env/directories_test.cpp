@@ -1,0 +1,212 @@
+#include "doubles/directories.h"
+
+#include "config/process.h"
+#include "platform/path_text.h"
+#include "platform/profile.h"
+#include "support/guarded_buffer.h"
+#include "support/temporary_folder.h"
+
+#include <qxutility/config/ini_file.h>
+#include <qxutility/env/directories.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace qx {
+namespace {
+
+using platform::UserFolder;
+using test::Folders;
+using test::GuardedBuffer;
+using test::TemporaryFolder;
+
+// A path of the test in the system's form.
+std::string Native(std::string path)
+{
+    std::replace(path.begin(), path.end(), '/', platform::kSeparator);
+    return path;
+}
+
+class Directories : public testing::Test {
+  protected:
+    Directories()
+    {
+        Folders() = {};
+        Process().directories = {};
+        Process().iniFileName.clear();
+        Folders().users[UserFolder::AppData] = m_folder.Path();
+    }
+    static std::string Get(int kind, int reload = 0)
+    {
+        GuardedBuffer dir(MAX_PATH);
+        GetDirectory(static_cast<DirTypes>(kind), dir, reload);
+        return dir.data();
+    }
+    void Set(const char* key, const char* value)
+    {
+        char iniFile[MAX_PATH];
+        GetINIFileName("ZRW", "Kvl.ini", iniFile);
+        SmartCreateDir(m_folder.Path("ZRW").c_str());
+        ASSERT_TRUE(platform::WriteProfileString("ID", key, value, iniFile));
+    }
+
+    TemporaryFolder m_folder;
+};
+
+TEST_F(Directories, UserFolders)
+{
+    Folders().users = {{UserFolder::AppData, "appdata"},
+                       {UserFolder::LocalAppData, "local"},
+                       {UserFolder::Documents, "documents"},
+                       {UserFolder::Cookies, "cookies"},
+                       {UserFolder::InternetCache, "cache"}};
+    EXPECT_EQ(Get(DIR_APPDATA), "appdata");
+    EXPECT_EQ(Get(DIR_LOCALAPPDATA), "local");
+    EXPECT_EQ(Get(DIR_DOCUMENTS), "documents");
+    EXPECT_EQ(Get(DIR_COOKIES), "cookies");
+    EXPECT_EQ(Get(DIR_INTERNETCACHE), "cache");
+}
+
+TEST_F(Directories, ApplicationDataAreAskedForOnce)
+{
+    for (const UserFolder folder : {UserFolder::AppData, UserFolder::LocalAppData})
+        Folders().users[folder] = "first";
+    Get(DIR_APPDATA), Get(DIR_LOCALAPPDATA);
+    EXPECT_EQ(Folders().questions, 2);
+    for (const UserFolder folder : {UserFolder::AppData, UserFolder::LocalAppData})
+        Folders().users[folder] = "second";
+    EXPECT_EQ(Get(DIR_APPDATA, 1), "first");
+    EXPECT_EQ(Get(DIR_LOCALAPPDATA, 1), "first");
+    EXPECT_EQ(Folders().questions, 2);
+    Get(DIR_DOCUMENTS), Get(DIR_DOCUMENTS);
+    EXPECT_EQ(Folders().questions, 4);
+}
+
+TEST_F(Directories, SystemFolderWhenThereIsNoUserFolder)
+{
+    Folders() = {};
+    Folders().system = "system";
+    for (const int kind : {DIR_APPDATA, DIR_LOCALAPPDATA, DIR_DOCUMENTS, DIR_COOKIES})
+        EXPECT_EQ(Get(kind), "system") << kind;
+}
+
+TEST_F(Directories, UnknownKindsAreEmpty)
+{
+    for (const int kind : {-1, 11, 1000, -2147483647})
+        EXPECT_EQ(Get(kind, 1), "") << kind;
+}
+
+TEST_F(Directories, WorkDirectoriesComeFromTheIniFile)
+{
+    const std::pair<DirTypes, const char*> kinds[] = {
+        {DIR_PROJECTS, "Projects"}, {DIR_TABLES, "Tables"}, {DIR_CATALOGS, "Catalogs"},
+        {DIR_DESIGNS, "Designs"},   {DIR_CURVES, "Curves"}, {DIR_TOOLS, "Tools"}};
+    for (const auto& [kind, key] : kinds) {
+        EXPECT_EQ(Get(kind), "") << key;
+        Set(key, (std::string("in ") + key).c_str());
+        EXPECT_EQ(Get(kind), std::string("in ") + key);
+    }
+}
+
+TEST_F(Directories, WorkDirectoriesAreReadAgainOnRequestOnly)
+{
+    Set("Tables", "first");
+    EXPECT_EQ(Get(DIR_TABLES), "first");
+    Set("Tables", "second");
+    EXPECT_EQ(Get(DIR_TABLES), "first");
+    EXPECT_EQ(Get(DIR_TABLES, 1), "second");
+    EXPECT_EQ(Get(DIR_TABLES), "second");
+}
+
+TEST_F(Directories, NoSeparatorAtTheEnd)
+{
+    Set("Curves", Native("some/where/").c_str());
+    EXPECT_EQ(Get(DIR_CURVES), Native("some/where"));
+}
+
+TEST_F(Directories, LongPathsAreCut)
+{
+    Folders().users[UserFolder::Documents] = std::string(1000, 'd');
+    EXPECT_EQ(Get(DIR_DOCUMENTS), std::string(MAX_PATH - 1, 'd'));
+    Set("Tools", std::string(1000, 't').c_str());
+    EXPECT_EQ(Get(DIR_TOOLS), std::string(MAX_PATH - 1, 't'));
+}
+
+TEST_F(Directories, ProductIniIsFixedByItsFirstCaller)
+{
+    const std::string first = m_folder.Path("ZRW") + Native("/Kvl.ini");
+    GuardedBuffer out(MAX_PATH);
+    GetINIFileName("ZRW", "Kvl.ini", out);
+    EXPECT_EQ(out.data(), first);
+    GetINIFileName("Other", "Other.ini", out);
+    EXPECT_EQ(out.data(), first);
+    ChangeINIFileName("changed.ini");
+    GetINIFileName("ZRW", "Kvl.ini", out);
+    EXPECT_STREQ(out.data(), "changed.ini");
+    ChangeINIFileName(std::string(1000, 'x').c_str());
+    GetINIFileName("ZRW", "Kvl.ini", out);
+    EXPECT_EQ(out.data(), std::string(MAX_PATH - 1, 'x'));
+    ChangeINIFileName("");
+    GetINIFileName("Other", "Other.ini", out);
+    EXPECT_EQ(out.data(), m_folder.Path("Other") + Native("/Other.ini"));
+}
+
+TEST_F(Directories, SmartCreateDirMakesWhatIsMissing)
+{
+    const std::string root = m_folder.Path();
+    for (const char* path : {"/a/b/c", "/a/b/c", "/a/b/d/", "/e", "/f/", "/g//h", "/i/j//"}) {
+        SmartCreateDir((root + Native(path)).c_str());
+        EXPECT_TRUE(std::filesystem::is_directory(root + Native(path))) << path;
+    }
+    EXPECT_TRUE(std::filesystem::is_directory(root + Native("/a/b")));
+}
+
+TEST_F(Directories, SmartCreateDirFailsQuietly)
+{
+    m_folder.Write("file", "content");
+    const std::string root = m_folder.Path() + platform::kSeparator;
+    std::string deep = root;
+    for (int i = 0; i < 500; ++i)
+        deep += std::string("d") + platform::kSeparator;
+    const std::string cases[] = {"",
+                                 std::string(1, platform::kSeparator),
+                                 std::string(5, platform::kSeparator),
+                                 root + Native("file/below/it"),
+                                 root + std::string(1000, 'n'),
+                                 root + std::string(1000, 'n') + Native("/below"),
+                                 std::string(10000, platform::kSeparator) + "x/y"};
+    for (const std::string& path : cases)
+        SmartCreateDir(path.c_str());
+    SmartCreateDir(nullptr);
+    SmartCreateDir(deep.c_str());  // 1,000 characters: too long for some systems
+    EXPECT_EQ(m_folder.Read("file"), "content");
+}
+
+TEST(GetDataFile, ReplacesTheExtension)
+{
+    struct Case {
+        const char *name, *extension, *expected;
+    };
+    for (const Case& c : std::initializer_list<Case>{
+             {"C:/x/report.txt", "csv", "C:/x/report.csv"},
+             {"report", "csv", "report.csv"},
+             {"report.", "csv", "report.csv"},
+             {"a.b.c", "longer", "a.b.longer"},
+             {"folder.x/report", "csv", "folder.x/report.csv"},
+             {"folder.x/", "csv", "folder.x/.csv"},
+             {".hidden", "csv", ".csv"},
+             {"", "csv", ".csv"},
+             {"report.txt", "", "report."},
+         }) {
+        const std::string name = Native(c.name), expected = Native(c.expected);
+        GuardedBuffer buffer(std::max(name.size(), expected.size()) + 1);
+        buffer = name.c_str();
+        EXPECT_EQ(GetDataFile(buffer, c.extension), buffer.data());
+        EXPECT_EQ(buffer.data(), expected) << c.name;
+    }
+    char path[40] = "C:\\x\\report.txt";
+    EXPECT_STREQ(GetDataFile(path, "csv"), "C:\\x\\report.csv");
+}
+
+}  // namespace
+}  // namespace qx
