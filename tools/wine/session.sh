@@ -17,14 +17,17 @@ fi
 # The session's folder stands beside the template (hard links need one file system).  It is locked
 # as long as its session lives: an unlocked one was left by a session that was killed.
 new_folder() {
-    local old
+    local old new
     mkdir -p "$qx_cache/sessions"
     for old in "$qx_cache"/sessions/*/; do
-        [ -d "$old" ] && flock -n "$old" rm -rf "$old"
+        if [ -d "$old" ]; then flock -n "$old" rm -rf "$old" || true; fi
     done
-    session=$(mktemp -d "$qx_cache/sessions/XXXXXX")
-    exec 8<"$session"
+    # Hidden from the line above until it is locked.
+    new=$(mktemp -d "$qx_cache/sessions/.XXXXXX")
+    exec 8<"$new"
     flock 8
+    session=$qx_cache/sessions/${new##*/.}
+    mv "$new" "$session"
 }
 
 # Hard links for the 1.2 GB of system files (0.1 s instead of 5 s), real copies of everything
