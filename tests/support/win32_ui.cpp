@@ -1,5 +1,7 @@
 #include "support/win32_ui.h"
 
+#include <cctype>
+
 namespace qx::test {
 
 static constexpr char kWindowClass[] = "QX_TEST_WINDOW";
@@ -88,16 +90,16 @@ std::vector<std::string> TextsOf(HMENU menu)
     return texts;
 }
 
-static bool IsCombo(HWND control)
+static std::string ClassOf(HWND window)
 {
-    char className[32] = "";
-    ::GetClassNameA(control, className, sizeof className);
-    return std::string(className) == "ComboBox";
+    char className[64] = "";
+    ::GetClassNameA(window, className, sizeof className);
+    return className;
 }
 
 std::vector<std::string> ItemsOf(HWND control)
 {
-    const bool combo = IsCombo(control);
+    const bool combo = ClassOf(control) == "ComboBox";
     const auto count = ::SendMessageA(control, combo ? CB_GETCOUNT : LB_GETCOUNT, 0, 0);
     std::vector<std::string> items;
     for (WPARAM i = 0; i < static_cast<WPARAM>(count); ++i) {
@@ -126,9 +128,8 @@ static void CALLBACK Answer(HWND dialog, UINT, UINT_PTR id, DWORD)
 static LRESULT CALLBACK OnActivation(int code, WPARAM wParam, LPARAM lParam)
 {
     const auto window = reinterpret_cast<HWND>(wParam);
-    char className[16] = "";
-    if (code == HCBT_ACTIVATE && ::GetClassNameA(window, className, sizeof className) &&
-        std::string(className) == "#32770" && !::GetPropA(window, "QX_ANSWERED")) {
+    if (code == HCBT_ACTIVATE && ClassOf(window) == "#32770" &&
+        !::GetPropA(window, "QX_ANSWERED")) {
         ::SetPropA(window, "QX_ANSWERED", window);
         ::SetTimer(window, kAnswerTimer, 20, Answer);
     }
@@ -193,6 +194,99 @@ std::string MessageOf(HWND box)
             return text;
     }
     return {};
+}
+
+static BOOL CALLBACK AddChild(HWND child, LPARAM children)
+{
+    reinterpret_cast<std::vector<HWND>*>(children)->push_back(child);
+    return TRUE;
+}
+
+std::vector<HWND> ChildrenOf(HWND window)
+{
+    std::vector<HWND> children;
+    ::EnumChildWindows(window, AddChild, reinterpret_cast<LPARAM>(&children));
+    return children;
+}
+
+static SIZE SizeOfText(HWND window, HFONT font, const std::string& text, int width, UINT flags)
+{
+    const HDC dc = ::GetDC(window);
+    const HGDIOBJ previous = ::SelectObject(dc, font);
+    RECT area{0, 0, width, 0};
+    ::DrawTextA(dc, text.c_str(), -1, &area, DT_CALCRECT | flags);
+    ::SelectObject(dc, previous);
+    ::ReleaseDC(window, dc);
+    return {area.right, area.bottom};
+}
+
+// What a button draws beside its text: a box to tick, the frame of a group, its own border.
+static int ButtonMargin(LONG style)
+{
+    switch (style & BS_TYPEMASK) {
+        case BS_GROUPBOX:
+            return 16;
+        case BS_PUSHBUTTON:
+        case BS_DEFPUSHBUTTON:
+            return 8;
+        default:
+            return 20;
+    }
+}
+
+static bool FitsItsControl(HWND control)
+{
+    const std::string className = ClassOf(control);
+    const LONG style = ::GetWindowLongA(control, GWL_STYLE);
+    const bool button = className == "Button";
+    if (!button && className != "Static")
+        return true;
+    RECT client;
+    ::GetClientRect(control, &client);
+    const auto font = reinterpret_cast<HFONT>(::SendMessageA(control, WM_GETFONT, 0, 0));
+    const UINT flags = button ? DT_SINGLELINE : DT_WORDBREAK;
+    const UINT prefix = !button && (style & SS_NOPREFIX) ? DT_NOPREFIX : 0;
+    const SIZE size = SizeOfText(control, font, TextOf(control), client.right, flags | prefix);
+    return size.cx + (button ? ButtonMargin(style) : 0) <= client.right && size.cy <= client.bottom;
+}
+
+static bool CaptionFits(HWND dialog)
+{
+    NONCLIENTMETRICSA metrics{};
+    metrics.cbSize = sizeof metrics;
+    ::SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    const HFONT font = ::CreateFontIndirectA(&metrics.lfCaptionFont);
+    const SIZE size = SizeOfText(dialog, font, TextOf(dialog), 0, DT_SINGLELINE | DT_NOPREFIX);
+    ::DeleteObject(font);
+    RECT client;
+    ::GetClientRect(dialog, &client);
+    return size.cx + 2 * metrics.iCaptionWidth <= client.right;
+}
+
+std::vector<std::string> CutTexts(HWND dialog)
+{
+    std::vector<std::string> cut;
+    if (!CaptionFits(dialog))
+        cut.push_back(TextOf(dialog));
+    for (const HWND child : ChildrenOf(dialog)) {
+        if (!FitsItsControl(child))
+            cut.push_back(TextOf(child));
+    }
+    return cut;
+}
+
+std::string SharedMnemonics(const std::vector<std::string>& texts)
+{
+    std::string seen, shared;
+    for (const std::string& text : texts) {
+        const std::size_t ampersand = text.find('&');
+        if (ampersand == std::string::npos || ampersand + 1 == text.size())
+            continue;
+        const char key =
+            static_cast<char>(std::tolower(static_cast<unsigned char>(text[ampersand + 1])));
+        (seen.find(key) == std::string::npos ? seen : shared) += key;
+    }
+    return shared;
 }
 
 static void CALLBACK EndOpenMenu(HWND owner, UINT, UINT_PTR id, DWORD)

@@ -68,6 +68,13 @@ void Press(HWND dialog, int buttonId);
 // The text of a message box: that of its one static control that holds text.
 std::string MessageOf(HWND messageBox);
 
+// The texts of a dialog, its caption among them, that are wider or higher than the place for them.
+std::vector<std::string> CutTexts(HWND dialog);
+// The keys of the mnemonics ('&') in the texts that occur twice, in lower case.
+std::string SharedMnemonics(const std::vector<std::string>& texts);
+// All visible and invisible children of a window and theirs.
+std::vector<HWND> ChildrenOf(HWND window);
+
 // Opens `menu` as a popup of `owner`, sends the keys to it and returns the command that was chosen;
 // 0 when none was.
 UINT ChooseWithKeys(HMENU menu, HWND owner, const std::vector<WORD>& keys);

@@ -102,7 +102,7 @@ void RunConsole(const Localisation& localisation, const ReportBadEntry& report)
     PrintTotals(localisation, pipes);
     Line("");
     for (const PipeEntry& entry : BadEntries(language)) {
-        const auto checked = CheckEntry(language, entry, pipes);
+        const auto checked = CheckEntry(entry, pipes);
         if (const auto* bad = std::get_if<BadEntry>(&checked))
             report(localisation, *bad);
     }

@@ -3,9 +3,9 @@
 #include "core/texts.h"
 #include "ids.h"
 
+#include <qxutility/core/numbers.h>
+
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 
 namespace pipebench {
 
@@ -32,16 +32,11 @@ static std::string Trimmed(const std::string& text)
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
-std::optional<double> ReadNumber(const CLanguage& language, const std::string& text)
+std::optional<double> ReadNumber(const std::string& text)
 {
     std::string number = Trimmed(text);
-    if (language.Decimal() != '.' && number.find('.') != std::string::npos)
-        return {};
-    language.EnglishNumber(number.data());
     double value = 0;
-    const char* end = number.data() + number.size();
-    const auto [stop, error] = std::from_chars(number.data(), end, value);
-    if (error != std::errc{} || stop != end || !std::isfinite(value))
+    if (number.empty() || IsNumber(number.data(), &value) == 0)
         return {};
     return value;
 }
@@ -55,15 +50,14 @@ static std::optional<BadEntry> CheckName(const std::string& name, const std::vec
     return {};
 }
 
-std::variant<Pipe, BadEntry> CheckEntry(const CLanguage& language, const PipeEntry& entry,
-                                        const std::vector<Pipe>& others)
+std::variant<Pipe, BadEntry> CheckEntry(const PipeEntry& entry, const std::vector<Pipe>& others)
 {
     Pipe pipe{.name = Trimmed(entry.name), .material = entry.material};
     if (auto bad = CheckName(pipe.name, others))
         return *bad;
     for (const NumberField& field : kNumberFields) {
         const std::string& text = entry.*field.text;
-        const auto value = ReadNumber(language, text);
+        const auto value = ReadNumber(text);
         if (!value)
             return BadEntry{field.field, IDS_NOT_A_NUMBER, text};
         if (*value < field.least || *value > field.most)

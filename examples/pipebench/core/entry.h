@@ -27,14 +27,12 @@ struct BadEntry {
     std::string text;
 };
 
-// A number in the user's form ("12,5" where the decimal character is a comma); nothing when the
-// text holds anything else. A '.' is refused where it is not the decimal character: "1.000" means
-// a thousand there.
-std::optional<double> ReadNumber(const CLanguage& language, const std::string& text);
+// A number in the form of the library's language ("12,5" where the decimal character is a comma);
+// nothing when the text holds anything else.
+std::optional<double> ReadNumber(const std::string& text);
 
 // The pipe, or the first field that cannot be taken. `others` are the pipes that already exist.
-std::variant<Pipe, BadEntry> CheckEntry(const CLanguage& language, const PipeEntry& entry,
-                                        const std::vector<Pipe>& others);
+std::variant<Pipe, BadEntry> CheckEntry(const PipeEntry& entry, const std::vector<Pipe>& others);
 
 // A pipe as its dialog shows it.
 PipeEntry ToEntry(const CLanguage& language, const Pipe& pipe);

@@ -121,7 +121,7 @@ PipeEntry PipeDialog::Entry() const
 
 void PipeDialog::OnOk()
 {
-    const auto checked = CheckEntry(m_localisation.Language(), Entry(), m_others);
+    const auto checked = CheckEntry(Entry(), m_others);
     if (const auto* bad = std::get_if<BadEntry>(&checked))
         return Refuse(*bad);
     m_pipe = std::get<Pipe>(checked);
