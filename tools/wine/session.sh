@@ -15,19 +15,21 @@ if ! wine32_installed && wine32_tree_usable; then
 fi
 
 # The session's folder stands beside the template (hard links need one file system).  It is locked
-# as long as its session lives: an unlocked one was left by a session that was killed.
+# as long as its session lives: an unlocked one was left by a session that was killed.  One
+# session at a time looks, so that none removes a folder that is about to be locked.
 new_folder() {
-    local old new
+    local old
     mkdir -p "$qx_cache/sessions"
+    exec 9<"$qx_cache/sessions"
+    flock 9
     for old in "$qx_cache"/sessions/*/; do
-        if [ -d "$old" ]; then flock -n "$old" rm -rf "$old" || true; fi
+        [ -d "$old" ] || continue
+        flock -n "$old" sh -c 'WINEPREFIX=$0/prefix wineserver -k; rm -rf "$0"' "$old" || true
     done
-    # Hidden from the line above until it is locked.
-    new=$(mktemp -d "$qx_cache/sessions/.XXXXXX")
-    exec 8<"$new"
+    session=$(mktemp -d "$qx_cache/sessions/XXXXXX")
+    exec 8<"$session"
     flock 8
-    session=$qx_cache/sessions/${new##*/.}
-    mv "$new" "$session"
+    exec 9<&-
 }
 
 # Hard links for the 1.2 GB of system files (0.1 s instead of 5 s), real copies of everything
@@ -46,7 +48,7 @@ start_screen() {
     [ -n "${OWN_SCREEN:-}" ] && [ -n "${DISPLAY:-}" ] && return
     wm=$qx_cache/nullwm-$(cksum <"$here/nullwm.c" | cut -d' ' -f1)
     [ -x "$wm" ] || { gcc -O2 "$here/nullwm.c" -o "$wm.$$" -lX11 && mv "$wm.$$" "$wm"; }
-    Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp \
+    setpriv --pdeathsig TERM Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp \
         >"$session/display" 2>"$session/xvfb.log" </dev/null 8<&- &
     xvfb=$!
     for _ in $(seq 200); do [ -s "$session/display" ] && break; sleep 0.05; done
