@@ -132,9 +132,7 @@ bool TextFile::ValidFile() const
 
 void TextFile::ReadLine(char* line)
 {
-    m_reader->TakeLine([&line](std::string_view piece) {
-        line += piece.copy(line, piece.size());
-    });
+    m_reader->TakeLine([&line](std::string_view piece) { line += piece.copy(line, piece.size()); });
     *line = '\0';
 }
 

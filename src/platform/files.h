@@ -81,6 +81,9 @@ std::optional<std::vector<DirectoryEntry>> ListDirectory(const char* path);
 // A name in the folder of `path` that no file has at this moment, made from its name. To be opened
 // with FileMode::CreateNew, as another process may take the name.
 std::string TemporaryNameBeside(const char* path);
+// Removes the files under such names: what a process left behind that ended before it could move
+// its new version of `path` into place. A process that is about to do so now finds that it cannot.
+void RemoveTemporariesBeside(const char* path);
 
 // Reads up to `size` bytes at an absolute offset from a file that the application opened itself: a
 // handle of _lopen on Windows, a descriptor of open elsewhere. The number of bytes read, fewer at

@@ -1,4 +1,4 @@
-#include "platform/path_search.h"
+#include "doubles/path_search_double.h"
 #include "support/guarded_buffer.h"
 
 #include <qxutility/core/text.h>
@@ -7,22 +7,11 @@
 #include <array>
 #include <cstdio>
 #include <gmock/gmock.h>
-#include <set>
 
 using qx::test::GuardedBuffer;
+using qx::test::PathSearchDouble;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-// The programs that the system finds, in place of the service's body.
-static std::set<std::string> installedPrograms;
-static std::vector<std::string> soughtPrograms;
-
-std::string qx::platform::FindProgram(const char* name, const char* extension)
-{
-    soughtPrograms.emplace_back(name);
-    EXPECT_STREQ(".exe", extension);
-    return installedPrograms.count(name) ? "/found/elsewhere" : "";
-}
 
 // What `clean` makes of a text in a buffer that ends right after it.
 static std::string InPlace(char* (*clean)(char*), const std::string& text)
@@ -225,17 +214,10 @@ TEST(Path, KeepsLongNamesInItsBuffer)
     EXPECT_STREQ("a", Path(Path("a\\b\\c")));
 }
 
-struct SplitNameTest : testing::Test {
-    SplitNameTest()
-    {
-        installedPrograms.clear();
-        soughtPrograms.clear();
-    }
-};
-
-TEST_F(SplitNameTest, ProgramIsTheLongestPartThatIsFound)
+TEST(SplitName, ProgramIsTheLongestPartThatIsFound)
 {
-    installedPrograms = {"C:\\My", "C:\\My Tools\\pump", "calc"};
+    PathSearchDouble search;
+    search.programs = {{"C:\\My", "found"}, {"C:\\My Tools\\pump", "found"}, {"calc", "found"}};
     static const std::array<std::array<const char*, 3>, 5> kCases = {{
         {"C:\\My Tools\\pump -v 1", "C:\\My Tools\\pump", " -v 1"},
         {"C:\\My Toys\\pump", "C:\\My", " Toys\\pump"},
@@ -252,17 +234,19 @@ TEST_F(SplitNameTest, ProgramIsTheLongestPartThatIsFound)
     }
 }
 
-TEST_F(SplitNameTest, LooksUpShorterAndShorterParts)
+TEST(SplitName, LooksUpShorterAndShorterParts)
 {
+    const PathSearchDouble search;
     SplitName("a b  c", nullptr, nullptr);
-    EXPECT_THAT(soughtPrograms, ElementsAre("a b  c", "a b ", "a b", "a"));
+    EXPECT_THAT(search.asked, ElementsAre("a b  c|.exe", "a b |.exe", "a b|.exe", "a|.exe"));
 }
 
-TEST_F(SplitNameTest, LongLinesStayWithinAPathBuffer)
+TEST(SplitName, LongLinesStayWithinAPathBuffer)
 {
+    PathSearchDouble search;
+    search.programs = {{"calc", "found"}};
     const std::string arguments = " " + std::string(5000, 'x');
     GuardedBuffer program(260), rest(arguments.size() + 1);
-    installedPrograms = {"calc"};
     SplitName(("calc" + arguments).c_str(), program, rest);
     EXPECT_STREQ("calc", program);
     EXPECT_EQ(arguments, rest.data());

@@ -1,5 +1,5 @@
 #include "support/guarded_buffer.h"
-#include "support/scratch_folder.h"
+#include "support/temporary_folder.h"
 
 #include <qxutility/formats/text_file.h>
 
@@ -10,7 +10,7 @@
 #include <utility>
 
 using qx::test::GuardedBuffer;
-using qx::test::ScratchFolder;
+using qx::test::TemporaryFolder;
 using testing::ElementsAre;
 
 namespace {
@@ -81,8 +81,8 @@ Lines ReadAll(const std::string& path, ReadLine readLine)
 
 std::vector<std::string> LinesOf(const std::string& bytes)
 {
-    const ScratchFolder folder;
-    TextFile file(folder.Add("lines.txt", bytes).c_str());
+    const TemporaryFolder folder;
+    TextFile file(folder.Write("lines.txt", bytes).c_str());
     std::vector<std::string> lines;
     while (!file.eof())
         file.ReadLine(lines.emplace_back());
@@ -90,9 +90,10 @@ std::vector<std::string> LinesOf(const std::string& bytes)
 }
 
 // Compares all three forms of reading with the plain reader.
-void ExpectAsAlways(const ScratchFolder& folder, const std::string& bytes, const std::string& what)
+void ExpectAsAlways(const TemporaryFolder& folder, const std::string& bytes,
+                    const std::string& what)
 {
-    const std::string path = folder.Add("lines.txt", bytes);
+    const std::string path = folder.Write("lines.txt", bytes);
     const Lines expected = ReadAsAlways(bytes);
     const auto buffer = std::make_unique<char[]>(bytes.size() + 1);
     const auto whole = [&](TextFile& file) {
@@ -151,7 +152,7 @@ TEST(TextFile, HasOneMoreEmptyLineAfterAFinalLineEnd)
 
 TEST(TextFile, ReadsAsAlwaysWhereBlocksMeet)
 {
-    const ScratchFolder folder;
+    const TemporaryFolder folder;
     static const std::string kMiddles[] = {"",
                                            "\r",
                                            "\r\n",
@@ -180,7 +181,7 @@ TEST(TextFile, ReadsAsAlwaysWhereBlocksMeet)
 
 TEST(TextFile, ReadsRandomFilesAsAlways)
 {
-    const ScratchFolder folder;
+    const TemporaryFolder folder;
     std::mt19937 random(1);
     for (int i = 0; i < 300; ++i) {
         const std::size_t length = 4095 * (random() % 40) + random() % 5 - (i % 2 ? 2 : 0);
@@ -191,9 +192,9 @@ TEST(TextFile, ReadsRandomFilesAsAlways)
 
 TEST(TextFile, DeliversLongLinesWholeOrCut)
 {
-    const ScratchFolder folder;
+    const TemporaryFolder folder;
     const std::string longLine(10'000'000, 'x');
-    const std::string path = folder.Add("long.txt", longLine + "\r\nb");
+    const std::string path = folder.Write("long.txt", longLine + "\r\nb");
     TextFile file(path.c_str());
     std::string line;
     file.ReadLine(line);
@@ -211,8 +212,8 @@ TEST(TextFile, DeliversLongLinesWholeOrCut)
 
 TEST(TextFile, HonoursTheBufferSize)
 {
-    const ScratchFolder folder;
-    const std::string path = folder.Add("lines.txt", "hello\r\nworld");
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("lines.txt", "hello\r\nworld");
     for (std::size_t size = 1; size <= 7; ++size) {
         TextFile file(path.c_str());
         GuardedBuffer nothing(0), buffer(size);
@@ -225,8 +226,8 @@ TEST(TextFile, HonoursTheBufferSize)
 
 TEST(TextFile, RestartGoesBackToTheFirstLine)
 {
-    const ScratchFolder folder;
-    TextFile file(folder.Add("lines.txt", "a\r\nb").c_str());
+    const TemporaryFolder folder;
+    TextFile file(folder.Write("lines.txt", "a\r\nb").c_str());
     std::string line;
     for (const char* expected : {"a", "b", "", ""}) {
         file.ReadLine(line);
@@ -240,16 +241,16 @@ TEST(TextFile, RestartGoesBackToTheFirstLine)
 
 TEST(TextFile, KnowsItsSize)
 {
-    const ScratchFolder folder;
-    TextFile file(folder.Add("lines.txt", "a\r\nb").c_str());
+    const TemporaryFolder folder;
+    TextFile file(folder.Write("lines.txt", "a\r\nb").c_str());
     EXPECT_TRUE(file.ValidFile());
     EXPECT_EQ(4u, file.Size());
 }
 
 TEST(TextFile, WithoutAFileIsAtItsEnd)
 {
-    const ScratchFolder folder;
-    for (const std::string& path : {folder / "missing.txt", folder.Path(), std::string()}) {
+    const TemporaryFolder folder;
+    for (const std::string& path : {folder.Path("missing.txt"), folder.Path(), std::string()}) {
         TextFile file(path.c_str());
         EXPECT_FALSE(file.ValidFile()) << path;
         EXPECT_TRUE(file.eof()) << path;
@@ -264,8 +265,8 @@ TEST(TextFile, WithoutAFileIsAtItsEnd)
 
 TEST(TextFile, EndsWhenAFileShrinksMeanwhile)
 {
-    const ScratchFolder folder;
-    const std::string path = folder.Add("lines.txt", std::string(1'000'000, 'x'));
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("lines.txt", std::string(1'000'000, 'x'));
     TextFile file(path.c_str());
     std::error_code refused;
     std::filesystem::resize_file(path, 10, refused);
@@ -279,8 +280,8 @@ TEST(TextFile, EndsWhenAFileShrinksMeanwhile)
 
 TEST(TextFile, KeepsItsPlaceWhenMoved)
 {
-    const ScratchFolder folder;
-    TextFile first(folder.Add("lines.txt", "a\r\nb").c_str());
+    const TemporaryFolder folder;
+    TextFile first(folder.Write("lines.txt", "a\r\nb").c_str());
     std::string line;
     first.ReadLine(line);
     TextFile second(std::move(first));
@@ -290,8 +291,8 @@ TEST(TextFile, KeepsItsPlaceWhenMoved)
 
 TEST(TextFile, KnowsSizeAndEndBeyondFourGibibytes)
 {
-    const ScratchFolder folder;
-    const std::string path = folder.Add("huge.txt", "12345678\r\n");
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("huge.txt", "12345678\r\n");
     const std::uint64_t size = (std::uint64_t{1} << 32) + 10;
     std::error_code error;  // the file is sparse: it takes no room where the system can
     std::filesystem::resize_file(path, size, error);
