@@ -32,10 +32,10 @@ class LogLines {
     void Fill();
 
     platform::File& m_log;
-    std::string_view m_rest;  // of the buffer
-    bool m_isEnded = false;   // nothing more is to be read from the log
-    bool m_hasFailed = false;
     std::array<char, 65536> m_buffer;
+    std::string_view m_rest{m_buffer.data(), 0};  // what of the buffer is still to be delivered
+    bool m_isEnded = false;                       // nothing more is to be read from the log
+    bool m_hasFailed = false;
 };
 
 }  // namespace qx

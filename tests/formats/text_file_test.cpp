@@ -167,9 +167,9 @@ TEST(TextFile, ReadsAsAlwaysWhereBlocksMeet)
                                            "\r\nb",
                                            std::string("\0\r\n\0", 4)};
     for (const std::size_t meeting : {4095U, 8190U, 32U * 4095U}) {
-        for (std::size_t before = meeting - 5; before <= meeting + 2; ++before) {
+        for (std::size_t before = meeting - 3; before <= meeting + 1; ++before) {
             for (const std::string& middle : kMiddles) {
-                for (const char* end : {"", "tail", "tail\r\n"}) {
+                for (const char* end : {"", "tail\r\n"}) {
                     const std::string text = std::string(before, 'a') + middle + end;
                     ExpectAsAlways(folder, text,
                                    std::to_string(before) + testing::PrintToString(middle) + end);
