@@ -48,7 +48,7 @@ try_multiarch() {
     private_lists amd64,i386
     fetch_lists
     plan=$(apt-get "${lists[@]}" -s --no-remove install "${wine32_packages[@]}" 2>>"$log") ||
-        { say "apt cannot install wine32:i386 beside this machine's packages as they are."; return 1; }
+        { say "apt cannot install wine32:i386 beside this machine's packages."; return 1; }
     if grep -qiE '^Remv|downgraded' <<<"$plan"; then return 1; fi
     knows_i386 || had_i386=no
     add_i386
@@ -62,7 +62,7 @@ install_pinned() {
     local release
     can_be_root || return 1
     release=$(. /etc/os-release && printf '%s' "${VERSION_CODENAME:-}")
-    [ -n "$release" ] || { say "/etc/os-release names no release to pin the packages to."; return 1; }
+    [ -n "$release" ] || { say "/etc/os-release names no release to pin to."; return 1; }
     private_lists amd64,i386
     printf 'Package: *\nPin: release n=%s\nPin-Priority: 1001\n' "$release" >"$private/preferences"
     chmod 644 "$private/preferences"
@@ -87,7 +87,8 @@ unpack_tree() {
     mkdir -p "$tree.new/usr/lib" && ln -s usr/lib "$tree.new/lib"
     for deb in "$private"/archives/*.deb; do
         dpkg-deb --fsys-tarfile "$deb" |
-            tar -x -C "$tree.new" --keep-directory-symlink "${unneeded[@]}" >>"$log" 2>&1 || return 1
+            tar -x -C "$tree.new" --keep-directory-symlink "${unneeded[@]}" >>"$log" 2>&1 ||
+            return 1
     done
     # What an installation makes itself, from the mingw zlib: the same files in the 64-bit one.
     (cd /usr/lib/x86_64-linux-gnu && cp --parents wine/{i386,x86_64}-windows/zlib*.dll \

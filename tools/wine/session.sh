@@ -39,8 +39,9 @@ new_prefix() {
     template=$("$here/template.sh")
     export WINEPREFIX=$session/prefix
     cp -al "$template" "$WINEPREFIX"
-    (cd "$template" && find . -type f -not -path '*/system32/*' -not -path '*/syswow64/*' \
-        -not -path '*/winsxs/*' -print0 | xargs -0 cp -a --remove-destination --parents -t "$WINEPREFIX")
+    (cd "$template" &&
+        find . -type f -not -regex '.*/\(system32\|syswow64\|winsxs\)/.*' -print0 |
+        xargs -0 cp -a --remove-destination --parents -t "$WINEPREFIX")
 }
 
 start_screen() {

@@ -23,7 +23,9 @@ echo "Making the Wine prefix template ($bits bit), about 20 seconds." >&2
 # Runs Wine without a screen; nothing that stays in the background may keep our lock or pipes.
 quiet() { env -u DISPLAY "$@" >"$qx_cache/wine-template.log" 2>&1 </dev/null 9>&-; }
 
-find "$qx_cache" -maxdepth 2 -path '*/wine-template-*/.ready' -mtime +30 -printf '%h\0' | xargs -0r rm -rf
+# Templates of other Wines that nobody has used for a month.
+find "$qx_cache" -maxdepth 2 -path '*/wine-template-*/.ready' -mtime +30 -printf '%h\0' |
+    xargs -0r rm -rf
 rm -rf "$template"
 export WINEPREFIX=$template WINEDEBUG=-all LC_ALL=C.UTF-8
 export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
