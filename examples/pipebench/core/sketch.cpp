@@ -1,12 +1,13 @@
 #include "core/sketch.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace pipebench {
 
 static int Rounded(double value)
 {
-    return static_cast<int>(value + 0.5);
+    return static_cast<int>(std::lround(value));
 }
 
 std::vector<Area> LayOutSketch(const std::vector<Pipe>& pipes, const Area& canvas)
