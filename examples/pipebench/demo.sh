@@ -153,6 +153,20 @@ enter_pipe() {
     say "    the list has $expected pipes"
 }
 
+back_to_english() {
+    say "Options dialog: English from the list of languages"
+    xdotool key F4
+    wait_for_dialog 'Options du programme'
+    screenshot fr-options
+    click_control 311
+    xdotool key Home key Return key Return
+    wait_for "the end of the dialog" window_gone 'Options du programme'
+    xdotool key Insert
+    wait_for_dialog "${dialog[en]}"
+    xdotool key Escape
+    wait_for "the end of the dialog" window_gone "${dialog[en]}"
+}
+
 say "Starting pipebench.exe"
 wine "$bin/pipebench.exe" 2>/dev/null &
 program=$!
@@ -178,6 +192,8 @@ for i in "${!languages[@]}"; do
     enter_pipe "$language" $((++count))
     screenshot "$language-window"
 done
+
+back_to_english
 
 say "Alt+F4"
 xdotool key alt+F4
