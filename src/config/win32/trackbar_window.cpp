@@ -3,11 +3,11 @@
 #include "win32/gdi.h"
 
 #include <commctrl.h>
+#include <windowsx.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
-#include <windowsx.h>
 
 namespace qx::win32 {
 
