@@ -57,9 +57,9 @@ int CLanguage::SetLanguage(DWORD lcid)
     m_lcid = installed ? lcid : qx::kEnglishLocale;
     int result = installed ? 0 : -1;
     qx::LanguageCode code = qx::CodeOf(m_lcid);
-    if (m_table && !m_table->m_table->HasColumn(code.text)) {
+    if (m_table && !m_table->m_table->Cells().HasColumn(code.text)) {
         code = qx::CodeOf(qx::PrimaryLanguage(m_lcid), 1);
-        if (!m_table->m_table->HasColumn(code.text)) {
+        if (!m_table->m_table->Cells().HasColumn(code.text)) {
             m_lcid = qx::kEnglishLocale;
             code = qx::CodeOf(m_lcid);
             result = -1;

@@ -8,7 +8,7 @@ namespace qx {
 
 LanguageCode CodeOf(DWORD primary, DWORD sub)
 {
-    LanguageCode code;
+    LanguageCode code = {};
     std::snprintf(code.text, sizeof code.text, "%02u-%02u", static_cast<unsigned>(primary & 0x3FF),
                   static_cast<unsigned>(sub & 0x3F));
     return code;

@@ -3,9 +3,11 @@
 
 #include <qxutility/types.h>
 
+#include <bit>
+#include <cstdint>
+
 namespace qx {
 
-inline constexpr char kEnglishCode[] = "09-01";
 inline constexpr DWORD kEnglishLocale = 0x0409;
 
 constexpr DWORD PrimaryLanguage(DWORD lcid)
@@ -19,8 +21,15 @@ constexpr DWORD SubLanguage(DWORD lcid)
 
 // A column's name: primary and sublanguage in decimal, two digits or more each.
 struct LanguageCode {
-    char text[8];
+    char text[8];  // padded with NULs
+
+    friend constexpr bool operator==(const LanguageCode& a, const LanguageCode& b)
+    {
+        return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
+    }
 };
+inline constexpr LanguageCode kEnglishCode = {"09-01"};
+
 LanguageCode CodeOf(DWORD primary, DWORD sub);
 inline LanguageCode CodeOf(DWORD lcid)
 {

@@ -3,46 +3,45 @@
 #include <qxutility/core/text.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cstring>
 
 namespace qx {
 
-const char* FindString(const Table& table, unsigned id, const char* code)
+std::string LanguageName(const IndexedTable& table, std::string_view code)
 {
-    char key[16] = {};
-    std::to_chars(key, key + sizeof key, static_cast<int>(id));
-    const char* cell = table.FindFirst(table.FindColumn("IDS"), key, false, table.FindColumn(code));
-    return cell ? cell : kMissingString;
-}
-
-std::string LanguageName(const Table& table, const char* code)
-{
-    if (!table.HasColumn(code))
+    const Table& cells = table.Cells();
+    if (!cells.HasColumn(code))
         return {};
-    const char* cell = table.FindFirst(table.FindColumn("IDS"), "L", false, table.FindColumn(code));
-    return cell ? cell : "";
+    const Cell name =
+        table.FindFirst(cells.FindColumn("IDS"), "L", Case::Matters, cells.FindColumn(code));
+    return std::string(name.View());
 }
 
-std::string Unescaped(const char* cell)
+std::string ShownText(std::string_view cell)
 {
     std::string text(cell);
     if (text.find('%') != text.npos) {
-        UnPurifyText(cell, text.data());
+        UnPurifyText(text.c_str(), text.data());
         text.resize(std::strlen(text.c_str()));
     }
     return text;
 }
 
-std::size_t CopyText(char* out, int size, const char* text)
+void CopyText(char* out, int size, std::string_view text)
 {
-    const std::size_t length = std::strlen(text);
     if (size <= 0)
-        return length;
-    const std::size_t copied = std::min(length, static_cast<std::size_t>(size) - 1);
-    std::memmove(out, text, copied);
+        return;
+    const std::size_t copied = std::min(text.size(), static_cast<std::size_t>(size) - 1);
+    std::memmove(out, text.data(), copied);
     out[copied] = '\0';
-    return length;
+}
+
+char* NewText(std::string_view text)
+{
+    char* copy = new char[text.size() + 1];
+    std::memcpy(copy, text.data(), text.size());
+    copy[text.size()] = '\0';
+    return copy;
 }
 
 }  // namespace qx

@@ -1,5 +1,4 @@
 // Translation of wordings.
-#include "config/language_code.h"
 #include "config/language_table.h"
 
 #include <qxutility/config/language.h>
@@ -12,79 +11,117 @@
 
 namespace {
 
-// Cuts a final ':' off; true when there was one.
-bool CutColon(char* text)
+bool IsLetter(char c)
 {
-    const std::size_t length = std::strlen(text);
-    if (length == 0 || text[length - 1] != ':')
-        return false;
-    text[length - 1] = '\0';
-    return true;
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
-// Adds ':' when it still fits `size`.
-void AddColon(char* text, int size)
+// Paths and numbers are the same in every language.
+bool IsUniversal(char* text, std::string_view view)
 {
-    if (size <= 0)
-        return;
-    const std::size_t length = std::strlen(text);
-    if (length + 1 < static_cast<std::size_t>(size))
-        std::memcpy(text + length, ":", 2);
+    // No number starts with a letter, whatever the decimal character: most texts are settled here.
+    return view.find(":\\") != view.npos || (!IsLetter(*text) && IsNumber(text, nullptr) != 0);
 }
 
-// A wording as the table holds it, cut to size - 1 characters.
-std::string KeyOf(const char* wording, int size)
+std::size_t Capacity(int size)
 {
-    std::string key(3 * std::strlen(wording) + 6, '\0');
-    PurifyText(wording, key.data(), "\t\r\n");
-    key.resize(std::min(std::strlen(key.c_str()), static_cast<std::size_t>(std::max(size, 1)) - 1));
-    return key;
+    return size > 0 ? static_cast<std::size_t>(size) - 1 : 0;
 }
 
-const char* FindWording(const qx::Table& table, std::string& key, const char* keyCode,
-                        const char* resultCode)
+// A wording as the table has it. Refers to the text given when nothing has to be changed.
+class Key {
+  public:
+    Key(std::string_view wording, std::size_t capacity, char delimiter) : m_delimiter(delimiter)
+    {
+        if (qx::HasControl(wording))
+            Escape(wording);
+        else
+            m_view = wording;
+        m_view = m_view.substr(0, capacity);
+        if (m_view.size() >= 2 && (IsJunk(m_view.front()) || IsJunk(m_view.back())))
+            Clean(std::string(m_view));
+    }
+    Key(const Key&) = delete;
+    Key& operator=(const Key&) = delete;
+
+    void AppendColon() { Clean(std::string(m_view) + ':'); }
+    std::string_view View() const { return m_view; }
+
+  private:
+    void Escape(std::string_view wording)
+    {
+        m_own.resize(3 * wording.size() + 6);
+        PurifyText(std::string(wording).c_str(), m_own.data(), "\t\r\n");
+        m_view = m_own.c_str();
+    }
+    void Clean(std::string text)
+    {
+        m_own = std::move(text);
+        m_view = qx::RemoveJunk(m_own.data(), m_delimiter);
+    }
+    bool IsJunk(char c) const { return qx::IsJunk(c, m_delimiter); }
+
+    std::string m_own;
+    std::string_view m_view;
+    char m_delimiter;
+};
+
+// The translation of a wording whose final ':' was cut off: without it, else with it.
+std::string_view Find(const qx::WordingIndex& wordings, std::string_view wording, bool colon,
+                      std::size_t capacity, char delimiter)
 {
-    qx::RemoveJunk(key.data(), table.Delimiter());
-    key.resize(std::strlen(key.c_str()));
-    return table.FindFirst(table.FindColumn(keyCode), key.c_str(), true,
-                           table.FindColumn(resultCode));
+    Key key(wording, capacity, delimiter);
+    const std::string_view found = wordings.Find(key.View());
+    if (found.data() || !colon || key.View().size() == capacity)
+        return found;
+    key.AppendColon();
+    return wordings.Find(key.View());
 }
 
-// Writes a translation. With one character less than would fit it counts as cut, and takes no ':'.
-void PutTranslation(const std::string& translation, bool colon, char* out, int size)
+// Puts a ':' behind a text when it still fits.
+void AddColon(char* out, std::size_t length, std::size_t capacity)
 {
-    qx::CopyText(out, size, translation.c_str());
-    const bool cut = static_cast<long long>(translation.size()) >= size - 2LL;
-    if (colon && !cut && (translation.empty() || translation.back() != ':'))
-        AddColon(out, size);
+    if (length < capacity)
+        std::memcpy(out + length, ":", 2);
+}
+
+void PutTranslation(std::string_view translation, bool colon, char* out, int size)
+{
+    qx::CopyText(out, size, translation);
+    // A translation that leaves room for one character only counts as cut, and takes no ':'.
+    if (colon && translation.size() + 1 < Capacity(size) && !translation.ends_with(':'))
+        AddColon(out, translation.size(), Capacity(size));
 }
 
 }  // namespace
 
 bool CLanguage::Text(char* english, char* out, int size, DWORD lcid) const
 {
-    const bool asIs = !m_table || *english == '\0' || (IsEnglish(0) && lcid == 0) ||
-                      std::strstr(english, ":\\") || IsNumber(english, nullptr) != 0;
-    if (asIs) {
-        qx::CopyText(out, size, english);
+    std::string_view wording(english);
+    if (!m_table || wording.empty() || (lcid == 0 && IsEnglish(0)) ||
+        IsUniversal(english, wording)) {
+        qx::CopyText(out, size, wording);
         return true;
     }
-    const qx::LanguageCode other = qx::CodeOf(lcid);
-    const char* keyCode = lcid == 0 ? qx::kEnglishCode : m_code;
-    const char* resultCode = lcid == 0 ? m_code : other.text;
-    const qx::Table& table = *m_table->m_table;
-    const bool colon = CutColon(english);
-    std::string key = KeyOf(english, size);
-    const char* cell = FindWording(table, key, keyCode, resultCode);
-    if (!cell && colon && key.size() + 1 < static_cast<std::size_t>(std::max(size, 0)))
-        cell = FindWording(table, key += ':', keyCode, resultCode);
-    if (cell) {
-        PutTranslation(qx::Unescaped(cell), colon, out, size);
+    const bool colon = wording.back() == ':';
+    if (colon) {
+        wording.remove_suffix(1);
+        english[wording.size()] = '\0';
+    }
+    qx::LanguageCode current;
+    std::memcpy(&current, m_code, sizeof current);
+    const qx::IndexedTable& table = *m_table->m_table;
+    const qx::WordingIndex& wordings = lcid == 0 ? table.Wordings(qx::kEnglishCode, current)
+                                                 : table.Wordings(current, qx::CodeOf(lcid));
+    const std::string_view translation =
+        Find(wordings, wording, colon, Capacity(size), table.Cells().Delimiter());
+    if (translation.data()) {
+        PutTranslation(translation, colon, out, size);
         return true;
     }
-    qx::CopyText(out, size, english);
+    qx::CopyText(out, size, wording);
     if (colon)
-        AddColon(out, size);
+        AddColon(out, wording.size(), Capacity(size));
     return false;
 }
 

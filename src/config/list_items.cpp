@@ -2,7 +2,6 @@
 
 #include "config/language_code.h"
 #include "config/language_table.h"
-#include "core/ascii_case.h"
 
 #include <algorithm>
 
@@ -25,13 +24,14 @@ ListStorage StorageFor(std::string_view list, char delimiter)
     return {static_cast<int>(items), list.size() + static_cast<std::size_t>(items)};
 }
 
-std::vector<ListedLanguage> ListLanguages(const Table& table, const char* currentCode)
+std::vector<ListedLanguage> ListLanguages(const IndexedTable& table, const char* currentCode)
 {
     std::vector<ListedLanguage> languages;
-    for (int column = 1; column < table.ColumnCount(); ++column) {
-        const std::string& code = table.ColumnName(column);
-        std::string name = LanguageName(table, code.c_str());
-        if (EqualIgnoringCase(name.c_str(), "testing"))
+    const std::vector<Column>& columns = table.Cells().Columns();
+    for (std::size_t i = 1; i < columns.size(); ++i) {
+        const std::string& code = columns[i].Name();
+        std::string name = LanguageName(table, code);
+        if (EqualKeys<Case::Ignored>(name, "testing"))
             break;
         languages.push_back({std::move(name), LocaleOfCode(code.c_str()), code == currentCode});
     }

@@ -2,7 +2,7 @@
 // from.
 #pragma once
 
-#include "config/table.h"
+#include "config/table_index.h"
 
 #include <qxutility/types.h>
 
@@ -32,6 +32,6 @@ struct ListedLanguage {
 
 // The languages of a language table, in the order of its columns: each column after the first, as
 // far as one named "testing", which is left out with all that follow it.
-std::vector<ListedLanguage> ListLanguages(const Table& table, const char* currentCode);
+std::vector<ListedLanguage> ListLanguages(const IndexedTable& table, const char* currentCode);
 
 }  // namespace qx

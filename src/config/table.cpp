@@ -1,6 +1,6 @@
 #include "config/table.h"
 
-#include "core/ascii_case.h"
+#include "core/text_key.h"
 
 #include <qxutility/formats/text_file.h>
 
@@ -14,12 +14,6 @@ namespace {
 
 constexpr std::size_t kLineSize = 4096;  // a longer line is cut to this, terminator included
 constexpr std::size_t kShortestHeader = 3;
-
-bool IsJunk(char c, char delimiter)
-{
-    const auto byte = static_cast<unsigned char>(c);
-    return byte < 32 || byte == '"' || byte == '\'' || byte == 0xB4 || c == delimiter;
-}
 
 // Calls take(piece) for each piece of a line, terminated in place, until it returns false.
 template <class Take>
@@ -108,7 +102,7 @@ bool Table::TakeHeader(char* line)
     if (std::strlen(line) < kShortestHeader)
         return false;
     ForEachPiece(line, m_delimiter, [this](char* piece) {
-        m_columns.emplace_back().name = RemoveJunk(piece, m_delimiter);
+        m_columns.emplace_back(RemoveJunk(piece, m_delimiter));
         return true;
     });
     return true;
@@ -120,59 +114,29 @@ void Table::AddRow(char* line)
         return;
     auto column = m_columns.begin();
     ForEachPiece(line, m_delimiter, [&](char* piece) {
-        AddCell(*column, RemoveJunk(piece, m_delimiter));
+        column->Add(static_cast<std::uint32_t>(m_rowCount), RemoveJunk(piece, m_delimiter));
         return ++column != m_columns.end();
     });
     ++m_rowCount;
 }
 
-// A column holds 4 GiB of text at most; a cell beyond that is missing.
-void Table::AddCell(Column& column, const char* text) const
+int Table::FindColumn(std::string_view name) const
 {
-    const std::size_t size = std::strlen(text) + 1;
-    if (column.text.size() + size > kNoCell)
-        return;
-    column.cells.resize(static_cast<std::size_t>(m_rowCount), kNoCell);
-    column.cells.push_back(static_cast<std::uint32_t>(column.text.size()));
-    column.text.insert(column.text.end(), text, text + size);
-}
-
-int Table::FindColumn(const char* name) const
-{
-    for (int column = 0; name && column < ColumnCount(); ++column) {
-        if (EqualIgnoringCase(ColumnName(column).c_str(), name))
-            return column;
-    }
-    return 0;
+    const auto found = std::find_if(m_columns.begin(), m_columns.end(), [name](const Column& c) {
+        return EqualKeys<Case::Ignored>(c.Name(), name);
+    });
+    return found == m_columns.end() ? 0 : static_cast<int>(found - m_columns.begin());
 }
 
 bool Table::HasColumn(std::string_view name) const
 {
     return std::any_of(m_columns.begin(), m_columns.end(),
-                       [name](const Column& column) { return column.name == name; });
+                       [name](const Column& column) { return column.Name() == name; });
 }
 
-const char* Table::Cell(int row, int column) const
+Cell Table::CellAt(std::uint32_t row, int column) const
 {
-    const Column& cells = At(column);
-    const auto index = static_cast<std::size_t>(row);
-    if (index >= cells.cells.size() || cells.cells[index] == kNoCell)
-        return nullptr;
-    return cells.text.data() + cells.cells[index];
-}
-
-const char* Table::FindFirst(int keyColumn, const char* key, bool ignoreCase,
-                             int resultColumn) const
-{
-    for (int row = 0; Valid() && row < m_rowCount; ++row) {
-        const char* cell = Cell(row, keyColumn);
-        if (!cell || !(ignoreCase ? EqualIgnoringCase(cell, key) : std::strcmp(cell, key) == 0))
-            continue;
-        const char* result = Cell(row, resultColumn);
-        if (result && *result != '\0')
-            return result;
-    }
-    return nullptr;
+    return Valid() ? m_columns[static_cast<std::size_t>(column)].Of(row) : Cell{};
 }
 
 }  // namespace qx

@@ -1,13 +1,11 @@
-// A delimited text table in memory: its cells, column by column, and how it is read.
+// A delimited text table in memory, and how it is read.
 #pragma once
 
-#include <cstddef>
+#include "config/column.h"
+
 #include <cstdint>
-#include <string>
 #include <string_view>
 #include <vector>
-
-class TextFile;
 
 namespace qx {
 
@@ -17,8 +15,13 @@ namespace qx {
 // last character doubled ("abc with its opening quote only becomes abcc): tables in the field rely
 // on it. Nothing is written when nothing changes.
 char* RemoveJunk(char* text, char delimiter);
+inline bool IsJunk(char c, char delimiter)
+{
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 32 || byte == '"' || byte == '\'' || byte == 0xB4 || c == delimiter;
+}
 
-// Immutable once loaded.
+// Not changed once it is loaded.
 class Table {
   public:
     explicit Table(char delimiter) : m_delimiter(delimiter) {}
@@ -31,31 +34,17 @@ class Table {
     char Delimiter() const { return m_delimiter; }
     int ColumnCount() const { return static_cast<int>(m_columns.size()); }
     int RowCount() const { return m_rowCount; }
-    const std::string& ColumnName(int column) const { return At(column).name; }
+    const std::vector<Column>& Columns() const { return m_columns; }
     // The first column of this name, ignoring case; 0 when there is none.
-    int FindColumn(const char* name) const;
+    int FindColumn(std::string_view name) const;
     // Whether a column has exactly this name.
     bool HasColumn(std::string_view name) const;
-    // A cell's text; null when the row's line was too short to have it.
-    const char* Cell(int row, int column) const;
-    // The first cell of `resultColumn` in row order that is not empty and whose row has the key in
-    // `keyColumn`; null when there is none.
-    const char* FindFirst(int keyColumn, const char* key, bool ignoreCase, int resultColumn) const;
+    // A cell of a column that FindColumn gave; missing in an invalid table.
+    Cell CellAt(std::uint32_t row, int column) const;
 
   private:
-    // The cells of a column lie together, as a language reads one column of its table.
-    struct Column {
-        std::string name;
-        std::vector<char> text;            // the cells' texts, each with its terminator
-        std::vector<std::uint32_t> cells;  // by row: where its text begins, or kNoCell; rows beyond
-                                           // the end have no cell
-    };
-    static constexpr std::uint32_t kNoCell = 0xFFFFFFFF;
-
-    const Column& At(int column) const { return m_columns[static_cast<std::size_t>(column)]; }
     bool TakeHeader(char* line);
     void AddRow(char* line);
-    void AddCell(Column& column, const char* text) const;
 
     std::vector<Column> m_columns;
     int m_rowCount = 0;

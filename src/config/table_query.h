@@ -1,23 +1,24 @@
 // Look-ups in a table: the values of a column in the rows that meet all criteria.
 #pragma once
 
-#include "config/table.h"
+#include "config/table_index.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace qx {
 
 struct Criterion {
     int column;
-    const char* value;  // null is met by no cell
+    std::string_view value;  // one without data (null) is met by no cell
 };
 
 struct TableQuery {
     int returnColumn = 0;
     int maxResults = 0;               // 0: all
     bool unique = false;              // a value that is in the result already is skipped
-    bool ignoreCase = false;          // of the criteria
+    Case rule = Case::Matters;        // of the criteria
     std::vector<Criterion> criteria;  // none: every row
 };
 
@@ -26,6 +27,6 @@ struct QueryResult {
     int count = 0;
 };
 
-QueryResult RunQuery(const Table& table, const TableQuery& query);
+QueryResult RunQuery(const IndexedTable& table, const TableQuery& query);
 
 }  // namespace qx

@@ -1,4 +1,4 @@
-#include "config/table.h"
+#include "config/language_table.h"
 #include "config/table_query.h"
 #include "platform/resources.h"
 
@@ -10,25 +10,28 @@
 
 namespace {
 
-char* NewText(std::string_view text)
+std::shared_ptr<const qx::IndexedTable> LoadTable(const char* name, char delimiter,
+                                                  HINSTANCE module, const char* resourceType)
 {
-    char* copy = new char[text.size() + 1];
-    std::memcpy(copy, text.data(), text.size());
-    copy[text.size()] = '\0';
-    return copy;
+    qx::Table table(delimiter);
+    if (!name)
+        ;
+    else if (!module || !resourceType)
+        table.LoadFile(name);
+    else if (const auto bytes = qx::platform::ResourceBytes(module, name, resourceType))
+        table.LoadBytes(*bytes);
+    return std::make_shared<const qx::IndexedTable>(std::move(table));
 }
 
-std::shared_ptr<const qx::Table> LoadTable(const char* name, char delimiter, HINSTANCE module,
-                                           const char* resourceType)
+// The column of a name; the first one for a name of none, and for null.
+int FindColumn(const qx::Table& table, const char* name)
 {
-    auto table = std::make_shared<qx::Table>(delimiter);
-    if (!name)
-        return table;
-    if (!module || !resourceType)
-        table->LoadFile(name);
-    else if (const auto bytes = qx::platform::ResourceBytes(module, name, resourceType))
-        table->LoadBytes(*bytes);
-    return table;
+    return name ? table.FindColumn(name) : 0;
+}
+
+std::string_view ViewOf(const char* text)
+{
+    return text ? std::string_view(text) : std::string_view();
 }
 
 }  // namespace
@@ -45,52 +48,52 @@ CTableReader::~CTableReader() = default;
 
 bool CTableReader::Valid() const
 {
-    return m_table->Valid();
+    return m_table->Cells().Valid();
 }
 
 int CTableReader::Query(char*& result, int maxResults, DWORD flags, const char* returnColumn,
                         ...) const
 {
+    const qx::Table& table = m_table->Cells();
     qx::TableQuery query;
     query.maxResults = maxResults;
     query.unique = (flags & kQueryUnique) != 0;
-    query.ignoreCase = (flags & kQueryIgnoreCase) != 0;
-    query.returnColumn = m_table->FindColumn(returnColumn);
+    query.rule = (flags & kQueryIgnoreCase) != 0 ? qx::Case::Ignored : qx::Case::Matters;
+    query.returnColumn = FindColumn(table, returnColumn);
     std::va_list criteria;
     va_start(criteria, returnColumn);
     while (const char* column = va_arg(criteria, const char*)) {
         char* value = va_arg(criteria, char*);
-        query.criteria.push_back({m_table->FindColumn(column), RemoveJunk(value)});
+        query.criteria.push_back({FindColumn(table, column), ViewOf(RemoveJunk(value))});
     }
     va_end(criteria);
     const qx::QueryResult found = RunQuery(*m_table, query);
-    result = NewText(found.text);
+    result = qx::NewText(found.text);
     return found.count;
 }
 
 bool CTableReader::Query(char* out, int outSize, int row, int column) const
 {
-    if (!out || row < 0 || column < 0 || row >= m_table->RowCount() ||
-        column >= m_table->ColumnCount())
+    const qx::Table& table = m_table->Cells();
+    if (!out || row < 0 || column < 0 || row >= table.RowCount() || column >= table.ColumnCount())
         return false;
-    const char* cell = m_table->Cell(row, column);
-    const std::size_t length = cell ? std::strlen(cell) : 0;
-    if (!cell || outSize <= 0 || length >= static_cast<std::size_t>(outSize))
+    const qx::Cell cell = table.CellAt(static_cast<std::uint32_t>(row), column);
+    if (cell.Missing() || cell.length >= outSize)
         return false;
-    std::memcpy(out, cell, length + 1);
+    std::memcpy(out, cell.text, cell.length + std::size_t{1});
     return true;
 }
 
 int CTableReader::GetHeader(char*& header) const
 {
     std::string names;
-    for (int column = 0; column < m_table->ColumnCount(); ++column)
-        names += m_table->ColumnName(column) + '\t';
-    header = NewText(names);
-    return m_table->ColumnCount();
+    for (const qx::Column& column : m_table->Cells().Columns())
+        names += column.Name() + '\t';
+    header = qx::NewText(names);
+    return m_table->Cells().ColumnCount();
 }
 
 char* CTableReader::RemoveJunk(char* text) const
 {
-    return qx::RemoveJunk(text, m_table->Delimiter());
+    return qx::RemoveJunk(text, m_table->Cells().Delimiter());
 }

@@ -132,10 +132,11 @@ class QX_API CLanguage {
 
   private:
     CTableReader* TableOf(HINSTANCE module) const;
-    std::string Fetch(HINSTANCE module, unsigned id, const char* code) const;
+    template <class Use>
+    unsigned WithString(HINSTANCE module, unsigned id, const char* code, Use use) const;
 
     DWORD m_lcid;
-    char m_code[8];  // the column of the current language, "09-01"
+    char m_code[8];  // the column of the current language, "09-01", padded with NULs
     bool m_asserts;
     CTableReader* m_table;  // not owned
     HINSTANCE m_module;

@@ -12,7 +12,7 @@
 #include <memory>
 
 namespace qx {
-class Table;
+class IndexedTable;
 }
 
 // Bits of the flags of CTableReader::Query.
@@ -66,5 +66,5 @@ class QX_API CTableReader {
 
   private:
     friend class CLanguage;
-    std::shared_ptr<const qx::Table> m_table;  // never null
+    std::shared_ptr<const qx::IndexedTable> m_table;  // never null
 };
