@@ -2,6 +2,7 @@
 
 #include "config/language_code.h"
 #include "config/language_table.h"
+#include "core/ascii_case.h"
 
 #include <algorithm>
 
@@ -31,7 +32,7 @@ std::vector<ListedLanguage> ListLanguages(const IndexedTable& table, const char*
     for (std::size_t i = 1; i < columns.size(); ++i) {
         const std::string& code = columns[i].Name();
         std::string name = LanguageName(table, code);
-        if (EqualKeys<Case::Ignored>(name, "testing"))
+        if (EqualIgnoringCase(name.c_str(), "testing"))
             break;
         languages.push_back({std::move(name), LocaleOfCode(code.c_str()), code == currentCode});
     }

@@ -78,7 +78,7 @@ bool CTableReader::Query(char* out, int outSize, int row, int column) const
     if (!out || row < 0 || column < 0 || row >= table.RowCount() || column >= table.ColumnCount())
         return false;
     const qx::Cell cell = table.CellAt(static_cast<std::uint32_t>(row), column);
-    if (cell.Missing() || cell.length >= outSize)
+    if (cell.Missing() || outSize <= 0 || cell.length >= static_cast<std::size_t>(outSize))
         return false;
     std::memcpy(out, cell.text, cell.length + std::size_t{1});
     return true;

@@ -13,7 +13,7 @@ namespace qx {
 enum class Case { Matters, Ignored };
 
 // Eight characters with A to Z as a to z.
-constexpr std::uint64_t FoldCase(std::uint64_t characters)
+constexpr std::uint64_t FoldEight(std::uint64_t characters)
 {
     constexpr std::uint64_t kOnes = 0x0101010101010101;
     const std::uint64_t low = characters & 0x7F * kOnes;
@@ -47,7 +47,7 @@ inline std::uint64_t LoadEight(const char* text)
 template <Case rule>
 constexpr std::uint64_t Ruled(std::uint64_t characters)
 {
-    return rule == Case::Ignored ? FoldCase(characters) : characters;
+    return rule == Case::Ignored ? FoldEight(characters) : characters;
 }
 
 // Both go through a text eight characters at a time; the last eight overlap those before.

@@ -1,43 +1,22 @@
 // A language object on a small table of its own, for tests of what is translated.
 #pragma once
 
+#include "support/scratch_folder.h"
+
 #include <qxutility/config/language.h>
 #include <qxutility/config/table_reader.h>
 
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <string>
 
 namespace qx::test {
 
 inline constexpr DWORD kEnglish = 0x0409, kGerman = 0x0407, kFrench = 0x040C;
 
-// A table file that is there as long as the object is.
-class TableFile {
-  public:
-    explicit TableFile(const std::string& content)
-        : m_path(std::filesystem::temp_directory_path() /
-                 ("qx_table_" + std::to_string(++s_count) + ".dat"))
-    {
-        std::ofstream(m_path, std::ios::binary) << content;
-    }
-    TableFile(const TableFile&) = delete;
-    TableFile& operator=(const TableFile&) = delete;
-    ~TableFile() { std::filesystem::remove(m_path); }
-
-    std::string Path() const { return m_path.string(); }
-
-  private:
-    static inline int s_count = 0;
-    std::filesystem::path m_path;
-};
-
 // Speaks `lcid` with the table; attached to no module.
 class TestLanguage {
   public:
     TestLanguage(const std::string& table, DWORD lcid)
-        : m_file(table), m_reader(m_file.Path().c_str(), '\t', nullptr, nullptr)
+        : m_reader(m_folder.Add("language.dat", table).c_str(), '\t', nullptr, nullptr)
     {
         language.SetStringTable(&m_reader);
         language.SetLanguage(lcid);
@@ -46,7 +25,7 @@ class TestLanguage {
     CLanguage language;
 
   private:
-    TableFile m_file;
+    ScratchFolder m_folder;
     CTableReader m_reader;
 };
 

@@ -97,5 +97,5 @@ int CLanguage::LanguageList(HWND comboBox) const
         if (listed.current)
             ::SendMessageA(comboBox, CB_SETCURSEL, index, 0);
     }
-    return m_table->m_table->ColumnCount();
+    return m_table->m_table->Cells().ColumnCount();
 }
