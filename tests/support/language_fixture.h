@@ -12,11 +12,23 @@ namespace qx::test {
 
 inline constexpr DWORD kEnglish = 0x0409, kGerman = 0x0407, kFrench = 0x040C;
 
+// A table file that is there as long as the object is.
+class TableFile {
+  public:
+    explicit TableFile(const std::string& content) : m_path(m_folder.Add("table.dat", content)) {}
+
+    const std::string& Path() const { return m_path; }
+
+  private:
+    ScratchFolder m_folder;
+    std::string m_path;
+};
+
 // Speaks `lcid` with the table; attached to no module.
 class TestLanguage {
   public:
     TestLanguage(const std::string& table, DWORD lcid)
-        : m_reader(m_folder.Add("language.dat", table).c_str(), '\t', nullptr, nullptr)
+        : m_file(table), m_reader(m_file.Path().c_str(), '\t', nullptr, nullptr)
     {
         language.SetStringTable(&m_reader);
         language.SetLanguage(lcid);
@@ -25,7 +37,7 @@ class TestLanguage {
     CLanguage language;
 
   private:
-    ScratchFolder m_folder;
+    TableFile m_file;
     CTableReader m_reader;
 };
 
