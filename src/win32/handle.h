@@ -47,7 +47,12 @@ struct FindTraits {
     static HANDLE None() { return INVALID_HANDLE_VALUE; }
     static void Close(HANDLE handle) { ::FindClose(handle); }
 };
+struct RegionTraits {
+    static HRGN None() { return nullptr; }
+    static void Close(HRGN handle) { ::DeleteObject(handle); }
+};
 using FileHandle = UniqueHandle<FileTraits>;
 using FindHandle = UniqueHandle<FindTraits>;  // of FindFirstFile
+using RegionHandle = UniqueHandle<RegionTraits>;
 
 }  // namespace qx::win32

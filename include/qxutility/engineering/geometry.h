@@ -27,7 +27,7 @@ QX_API bool PtOnScreen(int x, int y, const RECT* rectangles, std::size_t count);
 #if QX_WINDOWS
 // The area of a region; 0 for one without rectangles and for an invalid handle.
 QX_API double GetRegionArea(HRGN region);
-// Whether a point is in the window region of the desktop window. Where that window has no region,
-// as on an ordinary desktop, no point is.
+// Whether a point is in the window region that was set for the desktop window; false when there is
+// none.
 QX_API bool PtOnScreen(int x, int y);
 #endif

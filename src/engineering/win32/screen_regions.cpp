@@ -1,5 +1,7 @@
 #include <qxutility/engineering/geometry.h>
 
+#include "win32/handle.h"
+
 #include <cstddef>
 #include <vector>
 
@@ -17,9 +19,7 @@ double GetRegionArea(HRGN region)
 
 bool PtOnScreen(int x, int y)
 {
-    const HRGN region = ::CreateRectRgn(0, 0, 0, 0);
-    ::GetWindowRgn(::GetDesktopWindow(), region);
-    const bool inside = ::PtInRegion(region, x, y) != 0;
-    ::DeleteObject(region);
-    return inside;
+    const qx::win32::RegionHandle region(::CreateRectRgn(0, 0, 0, 0));
+    ::GetWindowRgn(::GetDesktopWindow(), region.get());
+    return ::PtInRegion(region.get(), x, y) != 0;
 }
