@@ -1,7 +1,6 @@
 // The whole interface of the library on this platform.
 #pragma once
 
-
 #include <qxutility/config/ini_file.h>
 #include <qxutility/config/language.h>
 #include <qxutility/config/startup.h>
@@ -9,10 +8,12 @@
 #include <qxutility/core/flags.h>
 #include <qxutility/core/numbers.h>
 #include <qxutility/core/text.h>
+#include <qxutility/core/time_text.h>
 #include <qxutility/engineering/geometry.h>
 #include <qxutility/engineering/point_array.h>
 #include <qxutility/engineering/units.h>
 #include <qxutility/env/directories.h>
+#include <qxutility/env/worker_thread.h>
 #include <qxutility/formats/log_file.h>
 #include <qxutility/formats/text_file.h>
 #include <qxutility/host.h>

@@ -11,7 +11,7 @@ struct LocalTime {
     int hour, minute, second;
 };
 
-std::int64_t SecondsSince1970();  // UTC
-LocalTime ToLocalTime(std::int64_t secondsSince1970);
+std::int64_t SecondsSince1970();                       // UTC
+LocalTime ToLocalTime(std::int64_t secondsSince1970);  // from year 1 to 9999
 
 }  // namespace qx::platform
