@@ -9,6 +9,7 @@
 #include <qxutility/core/numbers.h>
 #include <qxutility/core/text.h>
 #include <qxutility/core/time_text.h>
+#include <qxutility/engineering/atmosphere.h>
 #include <qxutility/engineering/geometry.h>
 #include <qxutility/engineering/point_array.h>
 #include <qxutility/engineering/units.h>
