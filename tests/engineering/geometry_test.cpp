@@ -1,10 +1,9 @@
 #include <qxutility/engineering/geometry.h>
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <climits>
 #include <cstdlib>
+#include <gtest/gtest.h>
 #include <iterator>
 #include <random>
 
@@ -139,7 +138,8 @@ TEST(TextOverlap, DecidesAsDescribed)
 
 TEST(RegionArea, SumsItsRectangles)
 {
-    const RECT rectangles[] = {{0, 0, 10, 5}, {-10, -10, 0, 0}, {3, 3, 3, 9}, {0, 0, 40'000, 50'000}};
+    const RECT rectangles[] = {
+        {0, 0, 10, 5}, {-10, -10, 0, 0}, {3, 3, 3, 9}, {0, 0, 40'000, 50'000}};
     EXPECT_EQ(0, GetRegionArea(nullptr, 0));
     EXPECT_EQ(150, GetRegionArea(rectangles, 3));
     // Each product wraps at 32 bits: 2,000,000,000 fits, 2,500,000,000 does not.
@@ -156,8 +156,8 @@ TEST(PtOnScreen, LeavesOutRightAndBottomEdges)
     static constexpr struct {
         int x, y;
         bool on;
-    } kCases[] = {{0, 0, true},    {99, 49, true},   {100, 49, true}, {100, 9, false},
-                  {99, 50, false}, {199, 59, true},  {200, 59, false}, {199, 60, false},
+    } kCases[] = {{0, 0, true},    {99, 49, true},  {100, 49, true},  {100, 9, false},
+                  {99, 50, false}, {199, 59, true}, {200, 59, false}, {199, 60, false},
                   {-1, 0, false},  {150, 5, false}};
     for (const auto& each : kCases)
         EXPECT_EQ(each.on, PtOnScreen(each.x, each.y, screens, 2)) << each.x << ',' << each.y;
