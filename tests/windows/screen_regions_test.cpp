@@ -1,14 +1,16 @@
 #include <qxutility/engineering/geometry.h>
 
 #include <gtest/gtest.h>
+#include <memory>
 
-#include "win32/handle.h"
-
-using qx::win32::RegionHandle;
+struct RegionDeleter {
+    void operator()(HRGN region) const { ::DeleteObject(region); }
+};
+using Region = std::unique_ptr<HRGN__, RegionDeleter>;
 
 TEST(RegionArea, OfAnEllipseIsItsNumberOfPoints)
 {
-    const RegionHandle ellipse(::CreateEllipticRgn(-20, 5, 41, 77));
+    const Region ellipse(::CreateEllipticRgn(-20, 5, 41, 77));
     int points = 0;
     for (int y = 0; y < 80; ++y) {
         for (int x = -25; x < 45; ++x)
@@ -20,14 +22,14 @@ TEST(RegionArea, OfAnEllipseIsItsNumberOfPoints)
 
 TEST(RegionArea, IsZeroWithoutRectangles)
 {
-    const RegionHandle empty(::CreateRectRgn(0, 0, 0, 0));
+    const Region empty(::CreateRectRgn(0, 0, 0, 0));
     EXPECT_EQ(0, GetRegionArea(empty.get()));
     EXPECT_EQ(0, GetRegionArea(static_cast<HRGN>(nullptr)));
 }
 
 TEST(PtOnScreen, AsksForTheRegionOfTheDesktopWindow)
 {
-    const RegionHandle region(::CreateRectRgn(0, 0, 0, 0));
+    const Region region(::CreateRectRgn(0, 0, 0, 0));
     const bool hasRegion = ::GetWindowRgn(::GetDesktopWindow(), region.get()) != ERROR;
     const DWORD before = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
     for (int x : {-10, 0, 10, 100'000})
