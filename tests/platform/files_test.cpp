@@ -66,6 +66,7 @@ TEST(File, FailsWhenItIsNotOpen)
     EXPECT_TRUE(closed.Close());
     File never;
     char byte;
+    // NOLINTNEXTLINE(bugprone-use-after-move): that a moved-from file is not open is the point
     for (File* file : {&opened, &closed, &never}) {
         EXPECT_FALSE(*file);
         EXPECT_EQ(std::nullopt, file->Read(&byte, 1));

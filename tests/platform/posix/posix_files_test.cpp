@@ -100,7 +100,7 @@ TEST(PosixFile, LeavesNoDescriptorBehind)
     {
         File file(path.c_str(), FileMode::Read), other(path.c_str(), FileMode::Read);
         file = std::move(other);
-        File(folder.Path().c_str(), FileMode::Read);
+        EXPECT_FALSE(File(folder.Path().c_str(), FileMode::Read));
         MoveOver(path.c_str(), folder.Path("b").c_str());
         ListDirectory(folder.Path().c_str());
     }
