@@ -4,7 +4,7 @@
 #include "doubles/locale_double.h"
 #include "doubles/resources_double.h"
 #include "support/guarded_buffer.h"
-#include "support/scratch_folder.h"
+#include "support/temporary_folder.h"
 
 #include <qxutility/config/language.h>
 #include <qxutility/config/table_reader.h>
@@ -18,7 +18,7 @@ using qx::test::GuardedBuffer;
 using qx::test::LocaleDouble;
 using qx::test::PlainTable;
 using qx::test::ResourcesDouble;
-using qx::test::ScratchFolder;
+using qx::test::TemporaryFolder;
 
 namespace {
 
@@ -53,8 +53,8 @@ constexpr char kTable[] =
 
 CTableReader Reader(const std::string& bytes)
 {
-    const ScratchFolder folder;
-    return CTableReader(folder.Add("table.dat", bytes).c_str(), '\t', nullptr, nullptr);
+    const TemporaryFolder folder;
+    return CTableReader(folder.Write("table.dat", bytes).c_str(), '\t', nullptr, nullptr);
 }
 
 // Locales, and a language object attached to a table of texts.
@@ -445,9 +445,9 @@ TEST_F(Language, ListsLanguagesUpToATestingOne)
         {"", ""},
     };
     for (const auto& each : cases) {
-        const ScratchFolder folder;
+        const TemporaryFolder folder;
         qx::Table table('\t');
-        table.LoadFile(folder.Add("table.dat", each.table).c_str());
+        table.LoadFile(folder.Write("table.dat", each.table).c_str());
         std::string listed;
         for (const auto& one : qx::ListLanguages(qx::IndexedTable(table), "07-01")) {
             char lcid[16];

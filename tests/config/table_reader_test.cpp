@@ -1,7 +1,7 @@
 #include "config/plain_table.h"
 #include "doubles/resources_double.h"
 #include "support/guarded_buffer.h"
-#include "support/scratch_folder.h"
+#include "support/temporary_folder.h"
 
 #include <qxutility/config/table_reader.h>
 
@@ -14,7 +14,7 @@ using namespace std::string_literals;
 using qx::test::Criteria;
 using qx::test::GuardedBuffer;
 using qx::test::PlainTable;
-using qx::test::ScratchFolder;
+using qx::test::TemporaryFolder;
 using testing::ElementsAre;
 
 namespace {
@@ -23,8 +23,8 @@ const HINSTANCE kModule = reinterpret_cast<HINSTANCE>(0x10);
 
 CTableReader FromFile(const std::string& bytes, char delimiter = '\t')
 {
-    const ScratchFolder folder;
-    return CTableReader(folder.Add("table.dat", bytes).c_str(), delimiter, nullptr, nullptr);
+    const TemporaryFolder folder;
+    return CTableReader(folder.Write("table.dat", bytes).c_str(), delimiter, nullptr, nullptr);
 }
 
 CTableReader FromResource(const std::string& bytes)

@@ -1,7 +1,7 @@
 // A language object on a small table of its own, for tests of what is translated.
 #pragma once
 
-#include "support/scratch_folder.h"
+#include "support/temporary_folder.h"
 
 #include <qxutility/config/language.h>
 #include <qxutility/config/table_reader.h>
@@ -15,12 +15,12 @@ inline constexpr DWORD kEnglish = 0x0409, kGerman = 0x0407, kFrench = 0x040C;
 // A table file that is there as long as the object is.
 class TableFile {
   public:
-    explicit TableFile(const std::string& content) : m_path(m_folder.Add("table.dat", content)) {}
+    explicit TableFile(const std::string& content) : m_path(m_folder.Write("table.dat", content)) {}
 
     const std::string& Path() const { return m_path; }
 
   private:
-    ScratchFolder m_folder;
+    TemporaryFolder m_folder;
     std::string m_path;
 };
 
