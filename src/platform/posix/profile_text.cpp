@@ -1,6 +1,6 @@
 #include "platform/posix/profile_text.h"
 
-#include "core/ascii_case.h"
+#include "core/folded_name.h"
 
 #include <algorithm>
 
@@ -29,12 +29,6 @@ std::string_view Trimmed(std::string_view text)
 std::string_view Word(std::string_view text)
 {
     return Trimmed(text.substr(0, text.find('\0')));
-}
-
-bool SameName(std::string_view a, std::string_view b)
-{
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return FoldCase(x) == FoldCase(y); });
 }
 
 struct Line {
