@@ -1,6 +1,5 @@
-#include "doubles/directories.h"
-
 #include "config/process.h"
+#include "doubles/directories_double.h"
 #include "platform/path_text.h"
 #include "platform/profile.h"
 #include "support/guarded_buffer.h"
@@ -16,7 +15,6 @@ namespace qx {
 namespace {
 
 using platform::UserFolder;
-using test::Folders;
 using test::GuardedBuffer;
 using test::TemporaryFolder;
 
@@ -31,10 +29,9 @@ class Directories : public testing::Test {
   protected:
     Directories()
     {
-        Folders() = {};
         Process().directories = {};
         Process().iniFileName.clear();
-        Folders().users[UserFolder::AppData] = m_folder.Path();
+        m_system.users[UserFolder::AppData] = m_folder.Path();
     }
     static std::string Get(int kind, int reload = 0)
     {
@@ -51,15 +48,16 @@ class Directories : public testing::Test {
     }
 
     TemporaryFolder m_folder;
+    test::DirectoriesDouble m_system;
 };
 
 TEST_F(Directories, UserFolders)
 {
-    Folders().users = {{UserFolder::AppData, "appdata"},
-                       {UserFolder::LocalAppData, "local"},
-                       {UserFolder::Documents, "documents"},
-                       {UserFolder::Cookies, "cookies"},
-                       {UserFolder::InternetCache, "cache"}};
+    m_system.users = {{UserFolder::AppData, "appdata"},
+                      {UserFolder::LocalAppData, "local"},
+                      {UserFolder::Documents, "documents"},
+                      {UserFolder::Cookies, "cookies"},
+                      {UserFolder::InternetCache, "cache"}};
     EXPECT_EQ(Get(DIR_APPDATA), "appdata");
     EXPECT_EQ(Get(DIR_LOCALAPPDATA), "local");
     EXPECT_EQ(Get(DIR_DOCUMENTS), "documents");
@@ -70,22 +68,22 @@ TEST_F(Directories, UserFolders)
 TEST_F(Directories, ApplicationDataAreAskedForOnce)
 {
     for (const UserFolder folder : {UserFolder::AppData, UserFolder::LocalAppData})
-        Folders().users[folder] = "first";
+        m_system.users[folder] = "first";
     Get(DIR_APPDATA), Get(DIR_LOCALAPPDATA);
-    EXPECT_EQ(Folders().questions, 2);
+    EXPECT_EQ(m_system.questions, 2);
     for (const UserFolder folder : {UserFolder::AppData, UserFolder::LocalAppData})
-        Folders().users[folder] = "second";
+        m_system.users[folder] = "second";
     EXPECT_EQ(Get(DIR_APPDATA, 1), "first");
     EXPECT_EQ(Get(DIR_LOCALAPPDATA, 1), "first");
-    EXPECT_EQ(Folders().questions, 2);
+    EXPECT_EQ(m_system.questions, 2);
     Get(DIR_DOCUMENTS), Get(DIR_DOCUMENTS);
-    EXPECT_EQ(Folders().questions, 4);
+    EXPECT_EQ(m_system.questions, 4);
 }
 
 TEST_F(Directories, SystemFolderWhenThereIsNoUserFolder)
 {
-    Folders() = {};
-    Folders().system = "system";
+    m_system.users.clear();
+    m_system.system = "system";
     for (const int kind : {DIR_APPDATA, DIR_LOCALAPPDATA, DIR_DOCUMENTS, DIR_COOKIES})
         EXPECT_EQ(Get(kind), "system") << kind;
 }
@@ -126,7 +124,7 @@ TEST_F(Directories, NoSeparatorAtTheEnd)
 
 TEST_F(Directories, LongPathsAreCut)
 {
-    Folders().users[UserFolder::Documents] = std::string(1000, 'd');
+    m_system.users[UserFolder::Documents] = std::string(1000, 'd');
     EXPECT_EQ(Get(DIR_DOCUMENTS), std::string(MAX_PATH - 1, 'd'));
     Set("Tools", std::string(1000, 't').c_str());
     EXPECT_EQ(Get(DIR_TOOLS), std::string(MAX_PATH - 1, 't'));
