@@ -11,10 +11,12 @@ BarSpan MarqueeSpan(int width, std::uint32_t elapsedMilliseconds)
     constexpr int kCrossing = 1600;
     if (width <= 0)
         return {0, 0};
-    const int block = std::max(width / 4, 1);
-    const auto phase = static_cast<std::int64_t>(elapsedMilliseconds % kCrossing);
-    const int end = static_cast<int>(phase * (width + block) / kCrossing);
-    return {std::clamp(end - block, 0, width), std::min(end, width)};
+    const std::int64_t block = std::max(width / 4, 1);
+    const std::int64_t end = elapsedMilliseconds % kCrossing * (width + block) / kCrossing;
+    const auto within = [width](std::int64_t pixel) {
+        return static_cast<int>(std::clamp<std::int64_t>(pixel, 0, width));
+    };
+    return {within(end - block), within(end)};
 }
 
 // A well-mixed number between 0 and 1 for each pair of numbers.

@@ -20,10 +20,15 @@ static std::string TextOf(const char* text)
     return text ? text : "";
 }
 
+static std::string StringOf(HINSTANCE module, int stringId)
+{
+    return Process().language.String(module, static_cast<unsigned>(stringId));
+}
+
 // A string of a module as it arrives in a buffer of `size` bytes.
 static std::string StringCutTo(HINSTANCE module, int stringId, std::size_t size)
 {
-    std::string text = Process().language.String(module, static_cast<unsigned>(stringId));
+    std::string text = StringOf(module, stringId);
     text.resize(std::min(text.size(), size - 1));
     return text;
 }
@@ -125,7 +130,7 @@ char* FormatString(HINSTANCE module, int stringId, char* out, int size, const ch
         const std::string format = StringCutTo(module, stringId, room - text.size());
         return rstrncpy(out, qx::ExpandText(format, text).c_str(), static_cast<unsigned>(size));
     }
-    const std::string string = StringCutTo(module, stringId, room);
+    const std::string string = StringOf(module, stringId);
     return string.empty() ? out : rstrncpy(out, string.c_str(), static_cast<unsigned>(size));
 }
 
@@ -143,9 +148,9 @@ char* LoadFileFilter(HINSTANCE module, char* buffer, int stringId)
 {
     std::string filter = StringCutTo(module, stringId, kMessageBuffer);
     std::replace(filter.begin(), filter.end(), '|', '\0');
-    filter.push_back('\0');
-    if (filter.size() > 1 && filter.size() < kMessageBuffer)
+    if (!filter.empty() && filter.back() != '\0' && filter.size() + 1 < kMessageBuffer)
         filter.push_back('\0');
+    filter.push_back('\0');
     std::copy(filter.begin(), filter.end(), buffer);
     return buffer;
 }

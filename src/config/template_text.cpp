@@ -25,7 +25,7 @@ struct Conversion {
 
 // Takes characters from the front of a text.
 class Scanner {
- public:
+  public:
     explicit Scanner(std::string_view text) : m_text(text) {}
 
     std::string_view TakeAnyOf(std::string_view set)
@@ -44,7 +44,7 @@ class Scanner {
     char TakeOne() { return m_position < m_text.size() ? m_text[m_position++] : '\0'; }
     std::string_view Taken() const { return m_text.substr(0, m_position); }
 
- private:
+  private:
     std::string_view m_text;
     std::size_t m_position = 0;
 };
@@ -169,14 +169,14 @@ static std::string Digits(std::uint64_t value, char letter)
 static std::string Prefix(const Conversion& conversion, bool negative, bool isZero)
 {
     switch (conversion.letter) {
-    case 'd':
-    case 'i':
-        return negative ? "-" : conversion.Has('+') ? "+" : conversion.Has(' ') ? " " : "";
-    case 'x':
-    case 'X':
-        return conversion.Has('#') && !isZero ? std::string{'0', conversion.letter} : "";
-    default:
-        return "";
+        case 'd':
+        case 'i':
+            return negative ? "-" : conversion.Has('+') ? "+" : conversion.Has(' ') ? " " : "";
+        case 'x':
+        case 'X':
+            return conversion.Has('#') && !isZero ? std::string{'0', conversion.letter} : "";
+        default:
+            return "";
     }
 }
 

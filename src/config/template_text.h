@@ -1,6 +1,6 @@
-// Templates with one argument, whose texts come from tables and files and are never trusted: at most
-// the argument given is read, whatever the template says. For a well-formed template the result is
-// what printf prints.
+// Templates with one argument, whose texts come from tables and files and are never trusted: at
+// most the argument given is read, whatever the template says. For a well-formed template the
+// result is what printf prints.
 #pragma once
 
 #include <string>

@@ -59,7 +59,7 @@ QX_API char* FormatString(HINSTANCE module, int stringId, char* out, int size,
 QX_API char* FormatString(HINSTANCE module, int stringId, char* out, int size, double* value);
 
 // Puts string `stringId` of `module` into `buffer`, which must hold 255 bytes, as a filter of the
-// file dialogs: at most 254 characters, each '|' turned into a NUL; a second NUL follows the last
-// when there is room. Returns `buffer`, empty when there is no such string. The string's parts,
-// name and pattern by turns, each end with '|': "Text files|*.txt|All files|*.*|".
+// file dialogs: at most 254 characters, each '|' turned into a NUL, and two NULs at the end, where
+// there is room for the second. Returns `buffer`, empty when there is no such string. The string's
+// parts, name and pattern by turns, each end with '|': "Text files|*.txt|All files|*.*|".
 QX_API char* LoadFileFilter(HINSTANCE module, char* buffer, int stringId);
