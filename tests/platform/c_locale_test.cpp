@@ -1,8 +1,7 @@
 #include "platform/c_locale.h"
 
-#include <gtest/gtest.h>
-
 #include <clocale>
+#include <gtest/gtest.h>
 
 TEST(CLocalePoint, FollowsSetlocale)
 {

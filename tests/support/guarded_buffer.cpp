@@ -29,13 +29,18 @@ static void ProtectPage(char* page, std::size_t size)
     if (!::VirtualProtect(page, size, PAGE_NOACCESS, &old))
         std::abort();
 }
-static void UnmapPages(char* pages, std::size_t) { ::VirtualFree(pages, 0, MEM_RELEASE); }
+static void UnmapPages(char* pages, std::size_t)
+{
+    ::VirtualFree(pages, 0, MEM_RELEASE);
+}
 #else
-static std::size_t PageSize() { return static_cast<std::size_t>(::sysconf(_SC_PAGESIZE)); }
+static std::size_t PageSize()
+{
+    return static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+}
 static char* MapPages(std::size_t size)
 {
-    void* pages =
-        ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    void* pages = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     return pages == MAP_FAILED ? nullptr : static_cast<char*>(pages);
 }
 static void ProtectPage(char* page, std::size_t size)
@@ -43,7 +48,10 @@ static void ProtectPage(char* page, std::size_t size)
     if (::mprotect(page, size, PROT_NONE) != 0)
         std::abort();
 }
-static void UnmapPages(char* pages, std::size_t size) { ::munmap(pages, size); }
+static void UnmapPages(char* pages, std::size_t size)
+{
+    ::munmap(pages, size);
+}
 #endif
 
 GuardedBuffer::GuardedBuffer(std::size_t size) : m_size(size)
@@ -59,6 +67,9 @@ GuardedBuffer::GuardedBuffer(std::size_t size) : m_size(size)
     std::memset(m_data, '?', size);
 }
 
-GuardedBuffer::~GuardedBuffer() { UnmapPages(m_pages, m_mapped); }
+GuardedBuffer::~GuardedBuffer()
+{
+    UnmapPages(m_pages, m_mapped);
+}
 
 }  // namespace qx::test

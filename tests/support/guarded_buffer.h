@@ -7,7 +7,7 @@
 namespace qx::test {
 
 class GuardedBuffer {
- public:
+  public:
     explicit GuardedBuffer(std::size_t size);
     GuardedBuffer(const GuardedBuffer&) = delete;
     GuardedBuffer& operator=(const GuardedBuffer&) = delete;
@@ -24,7 +24,7 @@ class GuardedBuffer {
         return *this;
     }
 
- private:
+  private:
     char* m_pages;
     char* m_data;
     std::size_t m_size, m_mapped;

@@ -8,11 +8,11 @@
 #include <qxutility/types.h>
 
 enum DirTypes : int {
-    DIR_APPDATA = 0,        // the user's application data; on Linux $XDG_CONFIG_HOME
-    DIR_LOCALAPPDATA = 1,   // the same, of this machine only; $XDG_DATA_HOME
-    DIR_DOCUMENTS = 2,      // the user's documents; XDG_DOCUMENTS_DIR
-    DIR_PROJECTS = 3,       // 3 to 7 and 10: work directories, as the product's INI file has them
-    DIR_TABLES = 4,         //   in section "ID" under "Projects", "Tables" ...
+    DIR_APPDATA = 0,       // the user's application data; on Linux $XDG_CONFIG_HOME
+    DIR_LOCALAPPDATA = 1,  // the same, of this machine only; $XDG_DATA_HOME
+    DIR_DOCUMENTS = 2,     // the user's documents; XDG_DOCUMENTS_DIR
+    DIR_PROJECTS = 3,      // 3 to 7 and 10: work directories, as the product's INI file has them
+    DIR_TABLES = 4,        //   in section "ID" under "Projects", "Tables" ...
     DIR_CATALOGS = 5,
     DIR_DESIGNS = 6,
     DIR_CURVES = 7,
