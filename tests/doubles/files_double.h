@@ -161,16 +161,19 @@ bool File::Close()
     return file && test::Disk().Call("close", file->path);
 }
 
+// "." holds the files without a folder.
 std::optional<std::vector<DirectoryEntry>> ListDirectory(const char* path)
 {
     std::vector<DirectoryEntry> entries;
-    const std::string folder = path ? path : "";
+    std::string folder = path ? path : "";
+    if (folder.size() > 1 && folder == FolderPart(folder))
+        folder.pop_back();
     for (const auto& [name, contents] : test::Disk().files) {
         const std::string_view parent = FolderPart(name);
-        if (!parent.empty() && parent.substr(0, parent.size() - 1) == folder)
+        if ((parent.empty() ? "." : parent.substr(0, parent.size() - 1)) == folder)
             entries.push_back({name.substr(parent.size()), false, contents->size(), 0});
     }
-    if (entries.empty() && !test::Disk().folders.contains(folder))
+    if (entries.empty() && folder != "." && !test::Disk().folders.contains(folder))
         return std::nullopt;
     return entries;
 }
@@ -205,6 +208,7 @@ bool MakeDirectory(const char* path)
     return path && test::Disk().Call("makedir", path) && test::Disk().folders.insert(path).second;
 }
 
+// The path with ".tmp" behind it, as often as is needed.
 std::string TemporaryNameBeside(const char* path)
 {
     std::string name = path ? path : "";
@@ -212,6 +216,12 @@ std::string TemporaryNameBeside(const char* path)
         name += ".tmp";
     while (FileExists(name.c_str()));
     return name;
+}
+
+void RemoveTemporariesBeside(const char* path)
+{
+    for (std::string name = path ? path : ""; FileExists((name += ".tmp").c_str());)
+        RemoveFile(name.c_str());
 }
 
 std::optional<std::size_t> ReadFrom(int handle, std::uint64_t offset, void* buffer,

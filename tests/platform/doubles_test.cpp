@@ -103,9 +103,18 @@ TEST(FilesDouble, KeepsFilesInMemory)
     const std::string temporary = TemporaryNameBeside("d/a");
     ASSERT_TRUE(File(temporary.c_str(), FileMode::CreateNew).Write("new"));
     EXPECT_EQ(2u, ListDirectory("d")->size());
+    EXPECT_EQ(0u, ListDirectory(".")->size());
     EXPECT_TRUE(MoveOver(temporary.c_str(), "d/a"));
     EXPECT_EQ("new", disk.Text("d/a"));
     EXPECT_FALSE(FileExists(temporary.c_str()));
+
+    for (const char* name : {"b", "d/b"}) {
+        disk.Put(name, "");
+        disk.Put(TemporaryNameBeside(name), "");
+        RemoveTemporariesBeside(name);
+    }
+    EXPECT_EQ(1u, ListDirectory(".")->size());
+    EXPECT_EQ(2u, ListDirectory("d/")->size());
 }
 
 TEST(FilesDouble, InjectsFaults)

@@ -239,5 +239,22 @@ TEST(TemporaryNameBeside, IsNewAndInTheSameFolder)
     EXPECT_EQ(std::string::npos, TemporaryNameBeside("bare").find_first_of("/\\"));
 }
 
+TEST(RemoveTemporariesBeside, RemovesSuchNamesOfThatFileOnly)
+{
+    const TemporaryFolder folder;
+    const std::string log = folder.Write("log", "");
+    folder.Write(std::filesystem::path(TemporaryNameBeside(log.c_str())).filename().string(), "");
+    const char* const others[] = {"log.txt",           "log.tmp",  "log.0g.tmp",  "log2.00.tmp",
+                                  "log.123456789.tmp", "a.12.tmp", "log.12.tmp2", "log..tmp"};
+    for (const char* name : others)
+        folder.Write(name, "");
+    RemoveTemporariesBeside(log.c_str());
+    EXPECT_EQ(1 + std::size(others), ListDirectory(folder.Path().c_str())->size());
+    for (const char* name : others)
+        EXPECT_TRUE(FileExists(folder.Path(name).c_str())) << name;
+    RemoveTemporariesBeside(nullptr);
+    RemoveTemporariesBeside(folder.Path("none/log").c_str());
+}
+
 }  // namespace
 }  // namespace qx::test
