@@ -47,7 +47,8 @@ char* QXFormatTime(double hours, char* text, bool showSeconds, bool twoDigitHour
     int h = static_cast<int>(hours);
     const double minutes = std::fmod(hours, 1.0) * 60;
     int m = static_cast<int>(minutes);
-    int s = static_cast<int>(0.5 + std::fmod(minutes, 1.0) * 60);
+    const double seconds = 0.5 + std::fmod(minutes, 1.0) * 60;
+    int s = static_cast<int>(seconds);
     if (s == 60) {
         ++m;
         s = 0;

@@ -6,8 +6,8 @@
 
 namespace {
 
-// The line y = slope * x + intercept through a segment. A vertical segment gets slope 0: deliberate,
-// drawings in the field are laid out with it.
+// The line y = slope * x + intercept through a segment. A vertical segment gets slope 0:
+// deliberate, drawings in the field are laid out with it.
 struct Line {
     double slope, intercept;
 };

@@ -1,6 +1,6 @@
-#include <qxutility/engineering/geometry.h>
-
 #include "win32/handle.h"
+
+#include <qxutility/engineering/geometry.h>
 
 #include <cstddef>
 #include <vector>
