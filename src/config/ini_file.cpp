@@ -28,7 +28,8 @@ INIFile::INIFile(const INIFile& other) : m_data(new Data(*other.m_data)) {}
 
 INIFile& INIFile::operator=(const INIFile& other)
 {
-    *m_data = *other.m_data;
+    if (this != &other)
+        *m_data = *other.m_data;
     return *this;
 }
 

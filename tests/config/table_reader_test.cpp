@@ -15,7 +15,6 @@ using qx::test::Criteria;
 using qx::test::GuardedBuffer;
 using qx::test::PlainTable;
 using qx::test::TemporaryFolder;
-using testing::ElementsAre;
 
 namespace {
 

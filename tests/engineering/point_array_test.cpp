@@ -92,11 +92,11 @@ std::pair<Row, Row> RandomPoints(std::mt19937& random, int most)
     const int count = Below(most + 1, random);
     const int values = 1 + Below(12, random);
     const int oddIn100 = Below(3, random) * 15;
+    const int lowest = values / 3;
     Row x, y;
     for (int i = 0; i < count; ++i) {
         const bool odd = Below(100, random) < oddIn100;
-        x.push_back(odd ? kOdd[Below(std::size(kOdd), random)]
-                        : Below(values, random) - values / 3);
+        x.push_back(odd ? kOdd[Below(std::size(kOdd), random)] : Below(values, random) - lowest);
         y.push_back(i);
     }
     return {x, y};

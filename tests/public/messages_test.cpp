@@ -8,7 +8,6 @@
 using qx::test::GuardedBuffer;
 using testing::EndsWith;
 using testing::HasSubstr;
-using testing::StartsWith;
 
 static constexpr DWORD kEnglish = 0x0409, kGerman = 0x0407, kFrench = 0x040C, kSpanish = 0x040A,
                        kItalian = 0x0410, kBrazilian = 0x0416, kPortugal = 0x0816, kDutch = 0x0413,
