@@ -1,18 +1,16 @@
-#include <qxutility/env/worker_thread.h>
+#include "platform/threads.h"
 
-#include <exception>
-#include <thread>
+#include <qxutility/env/worker_thread.h>
 
 void WorkerThread::Begin()
 {
-    try {
-        std::thread([this] {
-            Work();
-            Done();
-        }).detach();
-    } catch (const std::exception&) {
-        // Not started. Deliberately not reported: for the caller Begin has no failure.
-    }
+    const auto run = [](void* worker) noexcept {
+        const auto self = static_cast<WorkerThread*>(worker);
+        self->Work();
+        self->Done();
+    };
+    // Not started is deliberately not reported: for the caller Begin has no failure.
+    qx::platform::StartThread(run, this);
 }
 
 void WorkerThread::Done() {}
