@@ -14,6 +14,7 @@
 #include <qxutility/engineering/point_array.h>
 #include <qxutility/engineering/units.h>
 #include <qxutility/env/directories.h>
+#include <qxutility/env/first_run.h>
 #include <qxutility/env/worker_thread.h>
 #include <qxutility/formats/log_file.h>
 #include <qxutility/formats/text_file.h>

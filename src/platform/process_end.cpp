@@ -1,0 +1,12 @@
+#include "platform/process_end.h"
+
+#include <cstdlib>
+
+namespace qx::platform {
+
+void EndProcess(int code)
+{
+    std::exit(code);
+}
+
+}  // namespace qx::platform
