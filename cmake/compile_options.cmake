@@ -9,6 +9,8 @@ else()
         -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wformat=2 -Werror
         # Results are the same to the last bit in every build: nothing is fused or reordered.
         -ffp-contract=off -fno-fast-math
+        # As with GCC, where -Wconversion leaves the sign alone in C++.
+        $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion>
         $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Woverloaded-virtual>
         -fvisibility=hidden)
 endif()

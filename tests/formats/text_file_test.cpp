@@ -1,3 +1,4 @@
+#include "formats/oracle/plain_text_reader.h"
 #include "support/guarded_buffer.h"
 #include "support/temporary_folder.h"
 
@@ -10,47 +11,11 @@
 #include <utility>
 
 using qx::test::GuardedBuffer;
+using qx::test::PlainTextReader;
 using qx::test::TemporaryFolder;
 using testing::ElementsAre;
 
 namespace {
-
-// The reader as the applications have always known it, step by step, on a file in memory.
-class PlainReader {
-  public:
-    explicit PlainReader(std::string file) : m_file(std::move(file)) {}
-
-    bool Eof() const { return m_total - m_count + m_position >= m_file.size(); }
-
-    void ReadLine(char* line)
-    {
-        if (m_position >= m_count)
-            ReadBlock();
-        if (m_buffer[m_position] == '\n')
-            ++m_position;
-        char* const begin = m_buffer + m_position;
-        char* const end = static_cast<char*>(std::memchr(begin, '\r', sizeof m_buffer));
-        *end = '\0';
-        std::strcpy(line, begin);
-        m_position = static_cast<std::size_t>(end - m_buffer) + 1;
-        if (m_position > 4095)
-            ReadLine(line + std::strlen(line));
-    }
-
-  private:
-    void ReadBlock()
-    {
-        m_count = std::min<std::size_t>(4095, m_file.size() - m_total);
-        std::memcpy(m_buffer, m_file.data() + m_total, m_count);
-        m_buffer[m_count] = '\r';
-        m_total += m_count;
-        m_position = 0;
-    }
-
-    std::string m_file;
-    char m_buffer[4096];
-    std::size_t m_count = 0, m_position = 0, m_total = 0;
-};
 
 // Every line of a file, and what eof() said after it; reads on a little after the end.
 using Lines = std::vector<std::pair<std::string, bool>>;
@@ -58,7 +23,7 @@ using Lines = std::vector<std::pair<std::string, bool>>;
 Lines ReadAsAlways(const std::string& bytes)
 {
     Lines lines;
-    PlainReader reader(bytes);
+    PlainTextReader reader(bytes);
     const auto line = std::make_unique<char[]>(bytes.size() + 1);
     for (int after = 0; after < 3; after += reader.Eof()) {
         reader.ReadLine(line.get());

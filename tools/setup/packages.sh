@@ -8,7 +8,7 @@ declare -A packages
 packages[build]="g++ libc6-dev cmake ninja-build pkg-config python3 ca-certificates"
 
 # The native library and its tests.
-packages[linux]="libicu-dev libgtest-dev libgmock-dev googletest"
+packages[linux]="libicu-dev libgtest-dev libgmock-dev googletest libexpat1-dev"
 
 # The Windows builds.  GoogleTest is compiled from its source package; the "posix" compilers are
 # the ones with std::thread.
@@ -28,7 +28,10 @@ packages[wine32]="wine32:i386 libxcomposite1:i386 libxcursor1:i386 libxfixes3:i3
     libxinerama1:i386 libxrandr2:i386 libxrender1:i386 libxxf86vm1:i386 libcups2:i386"
 
 # The peers that the benchmarks measure against.
-packages[bench]="libicu-dev icu-devtools gettext libsimpleini-dev"
+packages[bench]="libicu-dev icu-devtools gettext libsimpleini-dev libpugixml-dev librapidxml-dev"
+
+# The fuzz targets: a compiler with libFuzzer and sanitizers.
+packages[fuzz]="libicu-dev clang libclang-rt-dev"
 
 # Checks of the sources.
 packages[checks]="clang-format clang-tidy"
