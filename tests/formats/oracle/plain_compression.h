@@ -1,0 +1,120 @@
+// The compressor and its counterpart written out step by step, as slow as the steps are: what the
+// real ones are compared with.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace qx::test {
+
+inline void PlainNumber(std::string& out, std::uint32_t number)
+{
+    std::string groups(1, static_cast<char>(number & 0x7F));
+    while (number >>= 7)
+        groups.insert(groups.begin(), static_cast<char>((number & 0x7F) | 0x80));
+    out += groups;
+}
+
+inline char PlainEscape(const std::string& s)
+{
+    std::size_t counts[256] = {};
+    for (const unsigned char c : s)
+        ++counts[c];
+    unsigned char escape = 0;
+    for (unsigned value = 1; value <= 255; ++value) {
+        if (counts[value] < counts[escape])
+            escape = static_cast<unsigned char>(value);
+    }
+    return static_cast<char>(escape);
+}
+
+// Links each place to the nearest earlier one with the same two bytes.
+inline std::vector<std::uint32_t> PlainChain(const std::string& s)
+{
+    std::vector<std::uint32_t> head(65536, ~0u), prev(s.size(), ~0u);
+    for (std::uint32_t i = 0; i + 1 < s.size(); ++i) {
+        const unsigned key =
+            static_cast<unsigned char>(s[i]) * 256u + static_cast<unsigned char>(s[i + 1]);
+        prev[i] = head[key];
+        head[key] = i;
+    }
+    return prev;
+}
+
+inline std::string PlainCompress(const std::string& s)
+{
+    if (s.empty())
+        return {};
+    const std::vector<std::uint32_t> prev = PlainChain(s);
+    const char escape = PlainEscape(s);
+    std::string out(1, escape);
+    const auto literal = [&](char c) {
+        out += c;
+        if (c == escape)
+            out += '\0';
+    };
+    std::uint32_t pos = 0, remaining = static_cast<std::uint32_t>(s.size());
+    while (remaining > 3) {
+        std::uint32_t best = 3, distance = 0;
+        for (std::uint32_t c = prev[pos]; c != ~0u; c = prev[c]) {
+            if (s[c + best] != s[pos + best])
+                continue;
+            const std::uint32_t limit = remaining < pos - c ? remaining : pos - c;
+            std::uint32_t length = 2;
+            while (length < limit && s[c + length] == s[pos + length])
+                ++length;
+            if (length > best) {
+                best = length;
+                distance = pos - c;
+            }
+        }
+        if (best >= 8 || (best == 4 && distance <= 127) || (best == 5 && distance <= 16383) ||
+            (best == 6 && distance <= 2097151) || (best == 7 && distance <= 268435455)) {
+            out += escape;
+            PlainNumber(out, best);
+            PlainNumber(out, distance);
+        } else {
+            best = 1;
+            literal(s[pos]);
+        }
+        pos += best;
+        remaining -= best;
+    }
+    for (; remaining > 0; --remaining)
+        literal(s[pos++]);
+    return out;
+}
+
+// Of well-formed input only.
+inline std::string PlainUncompress(const std::string& c)
+{
+    std::string out;
+    std::size_t i = 1;
+    const auto number = [&] {
+        std::uint32_t value = 0;
+        unsigned char byte = 0;
+        do {
+            byte = static_cast<unsigned char>(c[i++]);
+            value = value << 7 | (byte & 0x7F);
+        } while (byte & 0x80);
+        return value;
+    };
+    while (i < c.size()) {
+        const char byte = c[i++];
+        if (byte != c[0]) {
+            out += byte;
+        } else if (c[i] == '\0') {
+            out += byte;
+            ++i;
+        } else {
+            std::uint32_t length = number();
+            const std::uint32_t distance = number();
+            for (; length > 0; --length)
+                out += out[out.size() - distance];
+        }
+    }
+    return out;
+}
+
+}  // namespace qx::test
