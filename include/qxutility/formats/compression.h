@@ -12,6 +12,9 @@
 #include <cstddef>
 #include <string>
 
+// The longest text, in bytes, that the simple form of Compression::Uncompress restores.
+inline constexpr std::size_t kUncompressLimit = std::size_t{1} << 30;
+
 // No object holds anything; both directions may run on any number of threads at once.
 class QX_API Compression {
   public:
@@ -24,9 +27,6 @@ class QX_API Compression {
         TooLong,         // the next token would go beyond the limit
         NoMemory,
     };
-
-    // The longest text, in bytes, that the simple form of Uncompress restores.
-    static constexpr std::size_t kUncompressLimit = std::size_t{1} << 30;
 
     // Returns the compressed form of all bytes of `input`, NUL bytes included; at most 1/256 and
     // one byte longer than it, empty for an empty one. The same input gives the same bytes in every
