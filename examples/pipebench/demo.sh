@@ -105,6 +105,9 @@ declare -A dialog=([en]='Pipe data' [de]='Rohrdaten' [fr]='Données du tuyau')
 declare -A good=([en]=12.5 [de]=12,5 [fr]=12,5)
 declare -A label=([en]='Inside &diameter (mm):' [de]='Innen&durchmesser (mm):'
     [fr]='&Diamètre intérieur (mm) :')
+declare -A flow=([en]='Pipe flow at a glance' [de]='Rohrströmung auf einen Blick'
+    [fr]="L'écoulement en un coup d'œil")
+declare -A typed=([en]=1.5 [de]=1,5 [fr]=1,5)
 languages=(en de fr)
 
 rows() { look_at PIPEBENCH_MAIN 'Pipe Bench' && [ "$(control SysListView32 5)" = "$1" ]; }
@@ -153,6 +156,38 @@ enter_pipe() {
     say "    the list has $expected pipes"
 }
 
+results_shown() { look_at '#32770' "$1" && [ -n "$(control 350 5)" ]; }
+results_gone() { look_at '#32770' "$1" && [ -z "$(control 350 5)" ]; }
+
+# Shows the flow of a fluid through the pipe that is selected, after a wrong entry.
+pipe_flow() {
+    local language=$1 title=${flow[$1]}
+    say "    F3 key: page '$title'"
+    xdotool key F3
+    wait_for_dialog "$title"
+    wait_for "the first results" results_shown "$title"
+
+    say "    viscosity 'water', Enter key"
+    click_control 336
+    xdotool key ctrl+a type 'water'
+    wait_for "empty results" results_gone "$title"
+    xdotool key Return
+    wait_for_box 'Pipe Bench'
+    say "    error box: $(grep -F water <<<"$controls" | cut -f5)"
+    xdotool key Return
+    wait_for "the end of the box" box_gone 'Pipe Bench'
+
+    say "    viscosity '${typed[$language]}', Enter key"
+    xdotool type "${typed[$language]}"
+    xdotool key Return
+    wait_for "the results" results_shown "$title"
+    say "    velocity $(control 350 5), pressure drop $(control 353 5). $(control 325 5)"
+    grep -qF "${typed[$language]:1:1}" <<<"$(control 350 5)" || fail "no '${typed[$language]:1:1}' in the results"
+    screenshot "$language-flow"
+    xdotool key Escape
+    wait_for "the end of the page" window_gone "$title"
+}
+
 back_to_english() {
     say "Options dialog: English from the list of languages"
     xdotool key F4
@@ -190,6 +225,7 @@ for i in "${!languages[@]}"; do
     say "In the language '$language':"
     show_menus "$language"
     enter_pipe "$language" $((++count))
+    pipe_flow "$language"
     screenshot "$language-window"
 done
 

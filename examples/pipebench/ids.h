@@ -9,6 +9,7 @@
 #define IDI_PIPEBENCH 102
 #define IDD_PIPE 110
 #define IDD_OPTIONS 111
+#define IDD_FLOW 112
 
 // Commands
 #define IDM_NEW 201
@@ -17,6 +18,7 @@
 #define IDM_DELETE 212
 #define IDM_ADD 213
 #define IDM_EDIT 214
+#define IDM_FLOW 215
 #define IDM_SORT_NAME 221
 #define IDM_SORT_LENGTH 222
 #define IDM_SORT_DIAMETER 223
@@ -40,6 +42,15 @@
 #define IDC_PREVIEW_NUMBER 312
 #define IDC_PREVIEW_MONEY 313
 #define IDC_PREVIEW_DATE 314
+#define IDC_UNITS 321
+#define IDC_CURVE_FILE 322
+#define IDC_BROWSE 323
+#define IDC_CURVE 324
+#define IDC_OPERATING_POINT 325
+// One number per field of the page, per unit beside it, per result; see kFlowFields, kResults.
+#define IDC_FLOW_FIELDS 330
+#define IDC_FLOW_UNITS 340
+#define IDC_FLOW_RESULTS 350
 
 // Strings of the language table
 #define IDS_PROGRAM 1
@@ -50,9 +61,23 @@
 #define IDS_BAD_PRICE 14
 #define IDS_NAME_MISSING 15
 #define IDS_NAME_TAKEN 16
+#define IDS_OUT_OF_RANGE 17
+#define IDS_BAD_ROUGHNESS 18
 #define IDS_PIPE_COUNT 21
 #define IDS_TOTAL_LENGTH 22
 #define IDS_TOTAL_CONTENT 23
 #define IDS_TOTAL_PRICE 24
+#define IDS_OPERATING_POINT 25
+#define IDS_NO_OPERATING_POINT 26
+#define IDS_METRIC_UNITS 27
+#define IDS_US_UNITS 28
+#define IDS_CURVE_FILTER 29
+#define IDS_CURVE_UNREADABLE 31
+#define IDS_CURVE_LARGE 32
+#define IDS_CURVE_COLUMNS 33
+#define IDS_CURVE_NUMBER 34
+#define IDS_CURVE_RANGE 35
+#define IDS_CURVE_TWICE 36
+#define IDS_CURVE_SHORT 37
 
 #endif

@@ -66,8 +66,8 @@ TEST(Entry, IsRefusedWithItsFirstFault)
         const auto* bad = std::get_if<BadEntry>(&checked);
         ASSERT_TRUE(bad) << c.entry.name << ' ' << c.entry.length;
         EXPECT_EQ(c.field, bad->field) << c.text;
-        EXPECT_EQ(c.stringId, bad->stringId) << c.text;
-        EXPECT_EQ(c.text, bad->text);
+        EXPECT_EQ(c.stringId, bad->fault.stringId) << c.text;
+        EXPECT_EQ(c.text, bad->fault.text);
     }
 }
 

@@ -1,5 +1,9 @@
 #include "core/console.h"
 
+#include "core/entry.h"
+#include "core/flow/flow_entry.h"
+#include "core/flow/flow_report.h"
+#include "core/flow/pump_curve.h"
 #include "core/pipe.h"
 #include "core/texts.h"
 #include "ids.h"
@@ -50,6 +54,17 @@ static void Row(const std::vector<std::string>& cells)
     Line(line);
 }
 
+// A label without the mark of its key, and a value in metric and in US units.
+static void FlowRow(const CLanguage& language, const char* wording, const std::string& metric,
+                    const std::string& english)
+{
+    std::string label = Wording(language, wording);
+    std::erase(label, '&');
+    label.resize(26, ' ');
+    Line(label + metric + std::string(18 - std::min<std::size_t>(17, metric.size()), ' ') +
+         english);
+}
+
 static void PrintPipes(const CLanguage& language, const std::vector<Pipe>& pipes)
 {
     std::vector<std::string> headers;
@@ -89,7 +104,54 @@ static std::vector<PipeEntry> BadEntries(const CLanguage& language)
     return entries;
 }
 
-void RunConsole(const Localisation& localisation, const ReportBadEntry& report)
+static void PrintFlow(const CLanguage& language, const FlowCase& flowCase)
+{
+    const auto results = ComputeFlow(flowCase);
+    const auto metric = ToFlowEntry(language, flowCase, DT_METRIC);
+    const auto english = ToFlowEntry(language, flowCase, DT_ENGLISH);
+    for (std::size_t i = 0; i < kFlowFields.size(); ++i) {
+        const FlowField& field = kFlowFields[i];
+        FlowRow(language, field.wording, metric[i] + " " + UnitName(field.quantity, DT_METRIC),
+                english[i] + " " + UnitName(field.quantity, DT_ENGLISH));
+    }
+    const auto metricResults = ResultTexts(language, results, DT_METRIC);
+    const auto englishResults = ResultTexts(language, results, DT_ENGLISH);
+    for (std::size_t i = 0; i < kResults.size(); ++i)
+        FlowRow(language, kResults[i], metricResults[i], englishResults[i]);
+}
+
+// The operating point in both unit systems.
+static void PrintPump(const Localisation& localisation, const FlowCase& flowCase,
+                      const PumpCurve& curve)
+{
+    const auto point = OperatingPoint(curve, flowCase);
+    for (const DT_UNITS units : {DT_METRIC, DT_ENGLISH})
+        Line(OperatingPointText(localisation.Module(), localisation.Language(), point, units));
+}
+
+// The page "pipe flow at a glance" for a pipe, and what it says to a wrong entry.
+static void PrintFlowPage(const Localisation& localisation, const Pipe& pipe,
+                          const std::string& pumpCurve, const ReportFault& report)
+{
+    const CLanguage& language = localisation.Language();
+    const FlowCase flowCase = ProposeFlow(pipe);
+    Line(Wording(language, "Pipe flow at a glance") + " - " + pipe.name);
+    PrintFlow(language, flowCase);
+    for (const std::string& file : {pumpCurve, pumpCurve + ".missing"}) {
+        const auto curve = ReadPumpCurve(file);
+        if (const auto* fault = std::get_if<Fault>(&curve))
+            report(localisation, *fault);
+        else
+            PrintPump(localisation, flowCase, std::get<PumpCurve>(curve));
+    }
+    FlowEntry entry = ToFlowEntry(language, flowCase, DT_ENGLISH);
+    entry[0] = "0";
+    const auto checked = CheckFlowEntry(language, entry, DT_ENGLISH, flowCase);
+    report(localisation, std::get<BadFlowEntry>(checked).fault);
+}
+
+void RunConsole(const Localisation& localisation, const std::string& pumpCurve,
+                const ReportFault& report)
 {
     const CLanguage& language = localisation.Language();
     const std::vector<Pipe> pipes = SamplePipes();
@@ -104,8 +166,10 @@ void RunConsole(const Localisation& localisation, const ReportBadEntry& report)
     for (const PipeEntry& entry : BadEntries(language)) {
         const auto checked = CheckEntry(entry, pipes);
         if (const auto* bad = std::get_if<BadEntry>(&checked))
-            report(localisation, *bad);
+            report(localisation, bad->fault);
     }
+    Line("");
+    PrintFlowPage(localisation, pipes[3], pumpCurve, report);
     Line("");
     Line(localisation.String(IDS_ABOUT));
 }

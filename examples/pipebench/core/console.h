@@ -1,7 +1,7 @@
 // The program without windows: the texts and numbers that its windows show, on standard output.
 #pragma once
 
-#include "core/entry.h"
+#include "core/fault.h"
 #include "core/localisation.h"
 
 #include <functional>
@@ -13,10 +13,11 @@ namespace pipebench {
 // this program; terminals are in UTF-8.
 std::string Utf8(const std::string& windows1252);
 
-// Shows the user a bad entry; the windows do it with a box, see ErrorMessage.
-using ReportBadEntry = std::function<void(const Localisation&, const BadEntry&)>;
+// Tells the user why an entry cannot be used; the windows do it with a box, see ErrorMessage.
+using ReportFault = std::function<void(const Localisation&, const Fault&)>;
 
-// Writes everything in the language in use.
-void RunConsole(const Localisation& localisation, const ReportBadEntry& report);
+// Writes everything in the language in use. `pumpCurve` is the file of the pump curve.
+void RunConsole(const Localisation& localisation, const std::string& pumpCurve,
+                const ReportFault& report);
 
 }  // namespace pipebench

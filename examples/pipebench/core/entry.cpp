@@ -44,9 +44,9 @@ std::optional<double> ReadNumber(const std::string& text)
 static std::optional<BadEntry> CheckName(const std::string& name, const std::vector<Pipe>& others)
 {
     if (name.empty())
-        return BadEntry{Field::Name, IDS_NAME_MISSING, {}};
+        return BadEntry{Field::Name, {IDS_NAME_MISSING, {}}};
     if (std::ranges::find(others, name, &Pipe::name) != others.end())
-        return BadEntry{Field::Name, IDS_NAME_TAKEN, name};
+        return BadEntry{Field::Name, {IDS_NAME_TAKEN, name}};
     return {};
 }
 
@@ -59,9 +59,9 @@ std::variant<Pipe, BadEntry> CheckEntry(const PipeEntry& entry, const std::vecto
         const std::string& text = entry.*field.text;
         const auto value = ReadNumber(text);
         if (!value)
-            return BadEntry{field.field, IDS_NOT_A_NUMBER, text};
+            return BadEntry{field.field, {IDS_NOT_A_NUMBER, text}};
         if (*value < field.least || *value > field.most)
-            return BadEntry{field.field, field.outOfRangeId, text};
+            return BadEntry{field.field, {field.outOfRangeId, text}};
         pipe.*field.value = *value;
     }
     return pipe;

@@ -1,6 +1,7 @@
 // What the user typed about a pipe, and its check.
 #pragma once
 
+#include "core/fault.h"
 #include "core/pipe.h"
 
 #include <qxutility/config/language.h>
@@ -19,12 +20,9 @@ struct PipeEntry {
     std::size_t material = 0;
 };
 
-// Why an entry cannot be taken: the field, the number of the message, the text that the message
-// quotes. Ready for ErrorMessage.
 struct BadEntry {
     Field field;
-    int stringId;
-    std::string text;
+    Fault fault;
 };
 
 // A number in the form of the library's language ("12,5" where the decimal character is a comma);

@@ -17,10 +17,10 @@ static int PrintBox(HWND, const char* text, const char* caption, UINT)
     return IDOK;
 }
 
-static void ShowBadEntry(const Localisation& localisation, const BadEntry& bad)
+static void ShowFault(const Localisation& localisation, const Fault& fault)
 {
-    ErrorMessage(localisation.Module(), localisation.String(IDS_PROGRAM), nullptr, bad.stringId,
-                 MB_OK | MB_ICONEXCLAMATION, bad.text.c_str());
+    ErrorMessage(localisation.Module(), localisation.String(IDS_PROGRAM), nullptr, fault.stringId,
+                 MB_OK | MB_ICONEXCLAMATION, fault.text.c_str());
 }
 
 // The English texts, for when the language table is missing.
@@ -48,6 +48,6 @@ int main(int argc, char** argv)
         std::fprintf(stderr,
                      "pipebench: this language is not in the table, continuing in English\n");
     qx::host::SetMessageBoxHandler(PrintBox);
-    RunConsole(localisation, ShowBadEntry);
+    RunConsole(localisation, (folder / "PUMP_CURVE.DAT").string(), ShowFault);
     return 0;
 }

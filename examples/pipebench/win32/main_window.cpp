@@ -133,6 +133,8 @@ void MainWindow::OnCommand(int id)
             return AddPipe();
         case IDM_EDIT:
             return EditSelected();
+        case IDM_FLOW:
+            return ShowFlowOfSelected();
         case IDM_SORT_NAME:
             return Sort(SortKey::Name);
         case IDM_SORT_LENGTH:
@@ -172,7 +174,7 @@ void MainWindow::OnInitMenu(HMENU menu) const
         ::CheckMenuItem(menu, id, on ? MF_CHECKED : MF_UNCHECKED);
     };
     const bool selected = m_list.Selected().has_value();
-    for (const UINT id : {IDM_EDIT, IDM_DUPLICATE, IDM_DELETE})
+    for (const UINT id : {IDM_EDIT, IDM_DUPLICATE, IDM_DELETE, IDM_FLOW})
         enable(id, selected);
     check(IDM_SKETCH, m_sketch.Window());
     check(IDM_STATUS_BAR, m_statusBar);
@@ -284,6 +286,12 @@ void MainWindow::DeleteSelected()
         return;
     m_pipes.erase(m_pipes.begin() + static_cast<std::ptrdiff_t>(*index));
     ShowPipes();
+}
+
+void MainWindow::ShowFlowOfSelected()
+{
+    if (const auto index = m_list.Selected())
+        ShowPipeFlow(m_window, m_localisation, m_pipes[*index]);
 }
 
 void MainWindow::Sort(SortKey key)

@@ -42,6 +42,7 @@ class MainWindow {
     void EditSelected();
     void DuplicateSelected();
     void DeleteSelected();
+    void ShowFlowOfSelected();
     void Sort(SortKey key);
     void Toggle(HWND child);
     void ShowAbout();

@@ -1,5 +1,6 @@
 #include "core/texts.h"
 #include "ids.h"
+#include "win32/dialog_items.h"
 #include "win32/dialogs.h"
 
 namespace pipebench {
@@ -23,9 +24,9 @@ void ShowPreview(HWND dialog, const OptionsState& state)
 {
     CLanguage language = state.localisation.Language();
     language.SetLanguage(ChosenLanguage(dialog));
-    ::SetDlgItemTextA(dialog, IDC_PREVIEW_NUMBER, NumberText(language, 1234.5, 2).c_str());
-    ::SetDlgItemTextA(dialog, IDC_PREVIEW_MONEY, MoneyText(language, 1234.5, true).c_str());
-    ::SetDlgItemTextA(dialog, IDC_PREVIEW_DATE, DateText(language, DATE_LONGDATE).c_str());
+    SetItemText(dialog, IDC_PREVIEW_NUMBER, NumberText(language, 1234.5, 2));
+    SetItemText(dialog, IDC_PREVIEW_MONEY, MoneyText(language, 1234.5, true));
+    SetItemText(dialog, IDC_PREVIEW_DATE, DateText(language, DATE_LONGDATE));
 }
 
 void OnInit(HWND dialog, const OptionsState& state)

@@ -1,16 +1,9 @@
 #include "core/texts.h"
 #include "ids.h"
+#include "win32/dialog_items.h"
 #include "win32/dialogs.h"
 
-#include <qxutility/config/startup.h>
-
 namespace pipebench {
-
-void ReportBadEntryBox(HWND owner, const Localisation& localisation, const BadEntry& bad)
-{
-    ErrorMessage(localisation.Module(), localisation.String(IDS_PROGRAM), owner, bad.stringId,
-                 MB_OK | MB_ICONEXCLAMATION, bad.text.c_str());
-}
 
 namespace {
 
@@ -51,13 +44,6 @@ int ControlOf(Field field)
     return IDC_NAME;
 }
 
-std::string TextOfItem(HWND dialog, int id)
-{
-    char text[128] = "";
-    ::GetDlgItemTextA(dialog, id, text, sizeof text);
-    return text;
-}
-
 std::optional<Pipe> PipeDialog::Run(HWND owner)
 {
     const INT_PTR result = ::DialogBoxParamA(m_localisation.Module(), MAKEINTRESOURCEA(IDD_PIPE),
@@ -93,10 +79,10 @@ void PipeDialog::OnInit()
     language.Dialog(m_dialog);
     FillMaterials();
     const PipeEntry entry = ToEntry(language, m_pipe);
-    ::SetDlgItemTextA(m_dialog, IDC_NAME, entry.name.c_str());
-    ::SetDlgItemTextA(m_dialog, IDC_LENGTH, entry.length.c_str());
-    ::SetDlgItemTextA(m_dialog, IDC_DIAMETER, entry.diameter.c_str());
-    ::SetDlgItemTextA(m_dialog, IDC_PRICE, entry.price.c_str());
+    SetItemText(m_dialog, IDC_NAME, entry.name);
+    SetItemText(m_dialog, IDC_LENGTH, entry.length);
+    SetItemText(m_dialog, IDC_DIAMETER, entry.diameter);
+    SetItemText(m_dialog, IDC_PRICE, entry.price);
     ::SendDlgItemMessageA(m_dialog, IDC_MATERIAL, CB_SETCURSEL, entry.material, 0);
 }
 
@@ -128,12 +114,10 @@ void PipeDialog::OnOk()
     ::EndDialog(m_dialog, IDOK);
 }
 
-// The user reads why and finds the field with its text selected, ready to be typed over.
 void PipeDialog::Refuse(const BadEntry& bad) const
 {
-    ReportBadEntryBox(m_dialog, m_localisation, bad);
-    const HWND control = ::GetDlgItem(m_dialog, ControlOf(bad.field));
-    ::SendMessageA(m_dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+    ShowFault(m_dialog, m_localisation, bad.fault);
+    FocusItem(m_dialog, ControlOf(bad.field));
 }
 
 }  // namespace

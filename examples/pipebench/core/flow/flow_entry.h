@@ -1,0 +1,60 @@
+// What the user typed about a pipe flow, and its check.
+#pragma once
+
+#include "core/fault.h"
+#include "core/flow/pipe_flow.h"
+#include "core/flow/units.h"
+#include "core/pipe.h"
+
+#include <qxutility/config/language.h>
+
+#include <array>
+#include <string>
+#include <variant>
+
+namespace pipebench {
+
+// One field of the page: its label in English, and what it may hold, in metric units.
+struct FlowField {
+    const char* wording;
+    Quantity quantity;
+    double FlowCase::*value;
+    double least, most;
+};
+
+inline constexpr std::array<FlowField, 7> kFlowFields = {{
+    {"Flow:", Quantity::Flow, &FlowCase::flow, 0.001, 100'000},
+    {"Bore:", Quantity::Size, &FlowCase::diameter, 1, 10'000},
+    {"Length:", Quantity::Length, &FlowCase::length, 0.01, 1'000'000},
+    {"Wall roughness:", Quantity::Size, &FlowCase::roughness, 0, 50},
+    {"Lift:", Quantity::Length, &FlowCase::lift, -5'000, 5'000},
+    {"Density:", Quantity::Density, &FlowCase::density, 0.01, 25'000},
+    {"Viscosity:", Quantity::Viscosity, &FlowCase::viscosity, 0.001, 1'000'000},
+}};
+
+using FlowEntry = std::array<std::string, kFlowFields.size()>;
+
+struct BadFlowEntry {
+    std::size_t field;  // index into kFlowFields
+    Fault fault;
+};
+
+// The flow, or the first field that cannot be taken. Numbers are in the form of the library's
+// language; `language` is for those that the message quotes. A text that is still the one of
+// `shown` stands for that value with all its digits, so that nothing drifts when units change.
+std::variant<FlowCase, BadFlowEntry> CheckFlowEntry(const CLanguage& language,
+                                                    const FlowEntry& entry, DT_UNITS units,
+                                                    const FlowCase& shown);
+
+// A flow as the page's fields show it.
+FlowEntry ToFlowEntry(const CLanguage& language, const FlowCase& flowCase, DT_UNITS units);
+
+// The same entry after a change of units; `shown` takes up its values. What is no number stays as
+// it was typed.
+FlowEntry ConvertEntry(const CLanguage& language, FlowEntry entry, DT_UNITS from, DT_UNITS to,
+                       FlowCase& shown);
+
+// The flow that the page proposes for a pipe: its dimensions, its material's roughness, water.
+FlowCase ProposeFlow(const Pipe& pipe);
+
+}  // namespace pipebench

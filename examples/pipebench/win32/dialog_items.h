@@ -1,0 +1,20 @@
+// What the dialogs do with their controls.
+#pragma once
+
+#include "core/fault.h"
+#include "core/localisation.h"
+
+#include <windows.h>
+
+#include <string>
+
+namespace pipebench {
+
+std::string TextOfItem(HWND dialog, int id);
+void SetItemText(HWND dialog, int id, const std::string& text);
+// Moves the focus to a control and selects its text, ready to be typed over.
+void FocusItem(HWND dialog, int id);
+// Shows the message of a fault with the program's name as title.
+void ShowFault(HWND owner, const Localisation& localisation, const Fault& fault);
+
+}  // namespace pipebench
