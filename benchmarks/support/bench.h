@@ -1,5 +1,6 @@
 // Measures the library against named peers: all contestants of a case take turns, round by round,
-// so that a busy machine slows them alike; a contestant's time is the median of its rounds.
+// so that a busy machine slows them alike; a contestant's time is the median of its rounds. Time is
+// the processor's, in the program and in the system: waiting for a disk does not count.
 //
 //     int main(int argc, char** argv)
 //     {
