@@ -1,69 +1,39 @@
+#include "formats/chain_search.h"
 #include "formats/match.h"
+#include "formats/suffix_search.h"
 
 #include <qxutility/formats/compression.h>
 
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <vector>
+#include <limits>
 
 namespace qx {
 
 namespace {
 
-constexpr std::uint32_t kNone = ~std::uint32_t{0};
-constexpr std::uint32_t kShortest = 4;
+// Texts up to here are searched along chains first, with so many steps for each byte.
+constexpr std::size_t kLongestChained = std::size_t{256} << 10;
+constexpr std::uint64_t kEffort = 16;
+// Places are counted in 31 or 32 bits: longer texts are searched in pieces of this size.
+constexpr std::size_t kLongestSorted = std::numeric_limits<std::int32_t>::max();
+constexpr std::size_t kPiece = std::numeric_limits<std::uint32_t>::max();
 
-std::uint32_t Load4(const char* bytes)
-{
-    std::uint32_t value = 0;
-    std::memcpy(&value, bytes, sizeof value);
-    return value;
-}
-
-// The earlier places with the same four bytes, nearest first.
-class Chain {
-  public:
-    explicit Chain(std::string_view text) : m_text(text), m_earlier(text.size(), kNone)
-    {
-        std::vector<std::uint32_t> heads(std::size_t{1} << kHashBits, kNone);
-        for (std::uint32_t i = 0; i + kShortest <= text.size(); ++i) {
-            std::uint32_t& head = heads[(Load4(&text[i]) * 2654435761u) >> (32 - kHashBits)];
-            m_earlier[i] = head;
-            head = i;
-        }
-    }
-
-    Match Longest(std::uint32_t place) const
-    {
-        const auto rest = static_cast<std::uint32_t>(m_text.size()) - place;
-        Match best;
-        for (std::uint32_t c = m_earlier[place]; c != kNone; c = m_earlier[c]) {
-            const std::uint32_t limit = std::min(rest, place - c);
-            if (limit <= best.length || m_text[c + best.length] != m_text[place + best.length])
-                continue;
-            std::uint32_t length = 0;
-            while (length < limit && m_text[c + length] == m_text[place + length])
-                ++length;
-            if (length > best.length)
-                best = {length, place - c};
-        }
-        return best;
-    }
-
-  private:
-    static constexpr int kHashBits = 16;
-    std::string_view m_text;
-    std::vector<std::uint32_t> m_earlier;
+// The rarest byte, the lowest of equally rare ones, and whether it occurs at all.
+struct Escape {
+    char byte = '\0';
+    bool occurs = false;
 };
-
-// The rarest byte, the lowest of equally rare ones.
-char EscapeByte(std::string_view text)
+Escape FindEscape(std::string_view text)
 {
+    if (!std::memchr(text.data(), '\0', text.size()))
+        return {};
     std::array<std::size_t, 256> counts{};
     for (const char c : text)
         ++counts[static_cast<unsigned char>(c)];
-    return static_cast<char>(std::min_element(counts.begin(), counts.end()) - counts.begin());
+    const auto least = std::min_element(counts.begin(), counts.end());
+    return {static_cast<char>(least - counts.begin()), *least > 0};
 }
 
 // Whether the token is shorter than the bytes it stands for.
@@ -83,36 +53,110 @@ bool Saves(const Match& match)
     }
 }
 
-void AppendNumber(std::string& out, std::uint32_t number)
-{
-    for (int shift = 28; shift > 0; shift -= 7) {
-        if (number >> shift)
-            out += static_cast<char>(((number >> shift) & 0x7F) | 0x80);
+// Writes the tokens. No token is longer than what it stands for, but for the escape byte itself,
+// which is at most each 256th.
+class Tokens {
+  public:
+    Tokens(std::string_view text, Escape escape)
+        : m_escape(escape),
+          m_begin(std::make_unique_for_overwrite<char[]>(text.size() + text.size() / 256 + 1)),
+          m_end(m_begin.get())
+    {
+        *m_end++ = escape.byte;
     }
-    out += static_cast<char>(number & 0x7F);
-}
 
-std::string CompressText(std::string_view text)
+    void AddLiterals(const char* bytes, std::size_t count)
+    {
+        if (!m_escape.occurs) {
+            m_end = std::copy_n(bytes, count, m_end);
+            return;
+        }
+        for (; count > 0; --count, ++bytes) {
+            *m_end++ = *bytes;
+            if (*bytes == m_escape.byte)
+                *m_end++ = '\0';
+        }
+    }
+    void AddMatch(const Match& match)
+    {
+        *m_end++ = m_escape.byte;
+        AddNumber(match.length);
+        AddNumber(match.distance);
+    }
+    std::string Text() const { return {m_begin.get(), m_end}; }
+
+  private:
+    void AddNumber(std::uint32_t number)
+    {
+        for (int shift = 28; shift > 0; shift -= 7) {
+            if (number >> shift)
+                *m_end++ = static_cast<char>(((number >> shift) & 0x7F) | 0x80);
+        }
+        *m_end++ = static_cast<char>(number & 0x7F);
+    }
+
+    Escape m_escape;
+    std::unique_ptr<char[]> m_begin;
+    char* m_end;
+};
+
+// Writes the tokens of a text from `place` on; returns where the search gave up, or the text's end.
+template <class Search>
+std::uint32_t Encode(std::string_view text, std::uint32_t place, Search&& search, Tokens& tokens)
 {
-    const char escape = EscapeByte(text);
-    const Chain chain(text);
-    std::string out(1, escape);
     const auto size = static_cast<std::uint32_t>(text.size());
-    for (std::uint32_t place = 0; place < size;) {
-        const Match match = size - place >= kShortest ? chain.Longest(place) : Match{};
-        if (Saves(match)) {
-            out += escape;
-            AppendNumber(out, match.length);
-            AppendNumber(out, match.distance);
-            place += match.length;
+    std::uint32_t literals = place;  // from here on nothing is written
+    while (size - place >= kShortestMatch) {
+        Match match;
+        if (!search(place, match))
+            break;
+        if (!Saves(match)) {
+            ++place;
             continue;
         }
-        out += text[place];
-        if (text[place] == escape)
-            out += '\0';
-        ++place;
+        tokens.AddLiterals(&text[literals], place - literals);
+        tokens.AddMatch(match);
+        literals = place += match.length;
     }
-    return out;
+    if (size - place < kShortestMatch)
+        place = size;
+    tokens.AddLiterals(text.data() + literals, place - literals);
+    return place;
+}
+
+template <class Place>
+std::uint32_t EncodeByChains(std::string_view text, std::uint32_t place, std::uint64_t effort,
+                             Tokens& tokens)
+{
+    ChainSearch<Place> chains(text, effort);
+    return Encode(
+        text, place, [&](std::uint32_t at, Match& match) { return chains.Longest(at, match); },
+        tokens);
+}
+
+void EncodeBySuffixes(std::string_view text, std::uint32_t place, Tokens& tokens)
+{
+    const auto search = text.size() <= kLongestSorted ? SuffixSearch::Make(text) : nullptr;
+    if (!search) {  // slow, but it takes less memory
+        EncodeByChains<std::uint32_t>(text, place, ~std::uint64_t{0}, tokens);
+        return;
+    }
+    const auto longest = [&](std::uint32_t at, Match& match) {
+        match = search->Longest(at);
+        return true;
+    };
+    Encode(text, place, longest, tokens);
+}
+
+void EncodePiece(std::string_view text, Tokens& tokens)
+{
+    std::uint32_t place = 0;
+    if (text.size() < std::numeric_limits<std::uint16_t>::max())
+        place = EncodeByChains<std::uint16_t>(text, place, kEffort * text.size(), tokens);
+    else if (text.size() <= kLongestChained)
+        place = EncodeByChains<std::uint32_t>(text, place, kEffort * text.size(), tokens);
+    if (place < text.size())
+        EncodeBySuffixes(text, place, tokens);
 }
 
 }  // namespace
@@ -121,5 +165,10 @@ std::string CompressText(std::string_view text)
 
 std::string Compression::Compress(const std::string& input) noexcept
 {
-    return input.empty() ? std::string() : qx::CompressText(input);
+    if (input.empty())
+        return {};
+    qx::Tokens tokens(input, qx::FindEscape(input));
+    for (std::size_t at = 0; at < input.size(); at += qx::kPiece)
+        qx::EncodePiece(std::string_view(input).substr(at, qx::kPiece), tokens);
+    return tokens.Text();
 }

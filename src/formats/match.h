@@ -5,9 +5,11 @@
 
 namespace qx {
 
+constexpr std::uint32_t kShortestMatch = 4;
+
 // The longest prefix of the rest of a text that occurs wholly before it, at its latest occurrence.
 struct Match {
-    std::uint32_t length = 0;  // below 4 when there is none worth looking at
+    std::uint32_t length = 0;  // 0 when it is below kShortestMatch
     std::uint32_t distance = 0;
 };
 
