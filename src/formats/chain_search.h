@@ -56,7 +56,7 @@ class ChainSearch {
         for (; m_size - i >= 8; ++i) {
             const std::uint64_t bytes = Load8(m_text + i);
             Place& four = heads[HashOfFour(Load4(m_text + i), bits)].four;
-            Place& eight = heads[(bytes * 0x9E3779B185EBCA87u) >> (64 - bits)].eight;
+            Place& eight = heads[HashOfEight(bytes, bits)].eight;
             m_links[i] = {four, eight};
             four = eight = static_cast<Place>(i);
         }
@@ -69,6 +69,10 @@ class ChainSearch {
     static std::uint32_t HashOfFour(std::uint32_t bytes, int bits)
     {
         return (bytes * 2654435761u) >> (32 - bits);
+    }
+    static std::uint32_t HashOfEight(std::uint64_t bytes, int bits)
+    {
+        return static_cast<std::uint32_t>((bytes * 0x9E3779B185EBCA87u) >> (64 - bits));
     }
 
     bool Spend(std::uint32_t steps)
