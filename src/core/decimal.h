@@ -23,11 +23,12 @@ double RoundToPlaces(double value, int places);
 double RoundToDigits(double value, int digits, int leastPlaces = kAnyPlaces);
 
 // What was written: the value that the text reads back to, its length, where its decimal character
-// stands (-1: nowhere).
+// stands (-1: nowhere), whether its last character is a zero.
 struct Printed {
     double value;
     int length;
     int point;
+    bool endsInZero;
 };
 
 // Texts are written to a buffer of this size and NUL-terminated; `point` is the decimal character.

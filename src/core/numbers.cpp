@@ -1,8 +1,9 @@
-#include "core/decimal.h"
+#include "core/decimal_writer.h"
 #include "platform/c_locale.h"
 
 #include <qxutility/core/numbers.h>
 
+#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -31,25 +32,45 @@ bool ExceedsNegativePower(double magnitude, int digits)
     return qx::ParseDouble(("1e" + std::to_string(digits)).c_str(), '.') < magnitude;
 }
 
-Printed PrintByRoundDblBands(double value, char point, char* text)
+// magnitude >= limit as 1 or 0, by the order of their bits: values of mixed sizes would make the
+// processor guess a branch wrong.
+int AtLeast(double magnitude, double limit)
+{
+    return static_cast<int>(
+        (std::bit_cast<std::uint64_t>(limit) - 1 - std::bit_cast<std::uint64_t>(magnitude)) >> 63);
+}
+
+// One rule for all bands below 1e7: "%1.3f" below 1, "%1.4g" below 1000 and "%1.0f" above differ in
+// their places only, and in whether final zeros go.
+Printed PrintFixedByRoundDblBands(double value, double magnitude, char point, char* text)
+{
+    const int above = 1 - AtLeast(0.999, magnitude);
+    const int places = 3 + above - AtLeast(magnitude, 1) - AtLeast(magnitude, 10) -
+                       AtLeast(magnitude, 100) - AtLeast(magnitude, 1000);
+    return qx::WriteFixed(value, places, above != 0, point, text);
+}
+
+Printed PrintByRoundDblBands(double value, char* text)
 {
     const double a = std::fabs(value);
-    if (a < 0.001)
-        return qx::PrintFixed(0, 0, false, point, text);
-    if (!(a < 1e7))
-        return qx::PrintExponent(value, 3, point, text);
-    if (a >= 1e6)
-        return qx::PrintGeneral(value, 7, point, text);
-    if (a > 0.999 && a < 1)
-        return qx::PrintGeneral(value, 4, point, text);
-    // "%1.3f" below 1, "%1.4g" below 1000 and "%1.0f" above are one rule: so many places.
-    const int places = 3 - (a >= 10) - (a >= 100) - (a >= 1000);
-    return qx::PrintFixed(value, places, a >= 1, point, text);
+    if (a < 0.001) {
+        std::memcpy(text, "0", 2);
+        return {.value = 0, .length = 1, .point = -1, .endsInZero = true};
+    }
+    const char point = qx::platform::CLocalePoint();
+    if (a < 9999999.5) [[likely]]
+        return PrintFixedByRoundDblBands(value, a, point, text);
+    // What "%1.7g" rounds up to 1e7 is shown with an exponent, too.
+    return a < 1e7 ? qx::PrintGeneral(value, 7, point, text)
+                   : qx::WriteExponent(value, 4, false, point, text);
 }
 
 char StandardLocalePoint()
 {
-    return std::use_facet<std::numpunct<char>>(std::locale()).decimal_point();
+    const std::locale global;
+    if (global == std::locale::classic())  // a facet is looked up far more slowly
+        return '.';
+    return std::use_facet<std::numpunct<char>>(global).decimal_point();
 }
 
 bool Holds(const char* text, const Printed& printed, char c)
@@ -62,6 +83,20 @@ void DropZeros(char* text, int length)
 {
     while (length > 0 && text[length - 1] == '0')
         text[--length] = '\0';
+}
+
+// Unlike RoundIt, RoundDbl takes the point from the standard library's locale; the zeros go from
+// the very end, also from an exponent, and the point itself stays. Deliberate.
+[[gnu::noinline]] void DropZerosIfStandardPoint(char* text, const Printed& printed)
+{
+    if (Holds(text, printed, StandardLocalePoint()))
+        DropZeros(text, printed.length);
+}
+
+[[gnu::noinline]] double RoundDblWithoutText(double value)
+{
+    char unwanted[qx::kPrintedSize];
+    return PrintByRoundDblBands(value, unwanted).value;
 }
 
 }  // namespace
@@ -83,12 +118,11 @@ double DPlaces(double value, int places)
 double Precision(double value, int digits)
 {
     const double a = std::fabs(value);
-    if (a > 1e9)
-        return qx::RoundToDigits(value, 5);
-    if (digits < 0 && ExceedsNegativePower(a, digits))
+    const bool large = a > 1e9;
+    if (digits < 0 && !large && ExceedsNegativePower(a, digits))
         return qx::RoundToPlaces(value, 0);
     // A value with more whole digits than asked for keeps them all.
-    return qx::RoundToDigits(value, digits, 0);
+    return qx::RoundToDigits(value, large ? 5 : digits, large ? qx::kAnyPlaces : 0);
 }
 
 int Digits(double value)
@@ -108,27 +142,24 @@ double RoundIt(double value, char* text)
     const char point = qx::platform::CLocalePoint();
     const double a = std::fabs(value);
     if (a < 1e7) {
-        const int places = 4 - (a >= 0.1) - (a >= 1) - (a >= 10) - (a >= 100);
-        return qx::PrintFixed(value, places, true, point, text).value;
+        const int places = 4 - AtLeast(a, 0.1) - AtLeast(a, 1) - AtLeast(a, 10) - AtLeast(a, 100);
+        return qx::WriteFixed(value, places, true, point, text).value;
     }
-    const Printed printed = qx::PrintGeneral(Precision(value, 0), 4, point, text);
+    const Printed printed = qx::WriteExponent(Precision(value, 0), 4, true, point, text);
     // The trimming knows nothing of exponents: "2.5e+010" becomes "2.5e+01". Deliberate: reports in
     // the field show it so.
-    if (printed.point >= 0)
+    if (printed.endsInZero && printed.point >= 0)
         DropZeros(text, printed.length);
     return printed.value;
 }
 
 double RoundDbl(char* text, double value)
 {
-    char unwanted[qx::kPrintedSize];
     if (!text)
-        text = unwanted;
-    const Printed printed = PrintByRoundDblBands(value, qx::platform::CLocalePoint(), text);
-    // Unlike RoundIt, it is the standard library's locale that tells the point, the zeros go from
-    // the very end, also from an exponent, and the point itself stays. Deliberate.
-    if (text[printed.length - 1] == '0' && Holds(text, printed, StandardLocalePoint()))
-        DropZeros(text, printed.length);
+        return RoundDblWithoutText(value);
+    const Printed printed = PrintByRoundDblBands(value, text);
+    if (printed.endsInZero)
+        DropZerosIfStandardPoint(text, printed);
     return printed.value;
 }
 

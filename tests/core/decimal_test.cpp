@@ -80,6 +80,7 @@ void ExpectPrinted(const std::string& expected, const qx::Printed& printed, cons
     ASSERT_EQ(static_cast<int>(expected.size()), printed.length) << text;
     const auto point = expected.find('.');
     ASSERT_EQ(point == std::string::npos ? -1 : static_cast<int>(point), printed.point) << text;
+    ASSERT_EQ(expected.back() == '0', printed.endsInZero) << text;
     ASSERT_TRUE(Same(std::strtod(text, nullptr), printed.value)) << text;
 }
 
