@@ -173,7 +173,9 @@ bool ParseShort(const char* p, std::size_t length, char point, double& value)
     std::uint64_t word = LoadUpToEight(p, length);
     const std::uint64_t match = word ^ kEachByte * static_cast<unsigned char>(point);
     const std::uint64_t zeroByte = (match - kEachByte) & ~match & kEachByte << 7;
-    const auto whole = static_cast<unsigned>(std::countr_zero(zeroByte)) / 8;  // 8: no point
+    // The topmost bit stands for no point: of 0 the processor has no count, a branch would do.
+    const std::uint64_t mark = zeroByte >> 1 | std::uint64_t{1} << 63;
+    const auto whole = (static_cast<unsigned>(std::countr_zero(mark)) + 1) / 8;  // 8: no point
     const unsigned digits = static_cast<unsigned>(length) - (whole < 8);
     if (digits == 0 || point == '\0')
         return false;

@@ -70,8 +70,8 @@ struct Writer {
     void Exponent(int exponent)
     {
         const auto size = static_cast<unsigned>(std::abs(exponent));
-        const std::uint64_t sign = exponent < 0 ? '-' : '+', hundreds = size / 100,
-                            tens = size / 10 % 10, ones = size % 10;
+        const std::uint64_t sign = exponent < 0 ? std::uint64_t{'-'} : std::uint64_t{'+'};
+        const std::uint64_t hundreds = size / 100, tens = size / 10 % 10, ones = size % 10;
         const std::uint64_t text =
             ('e' | sign << 8 | hundreds << 16 | tens << 24 | ones << 32) + (kZeros << 40 >> 24);
         std::memcpy(end, &text, sizeof text);

@@ -27,7 +27,7 @@ Integer Truncate(double value)
 }
 
 // 10^digits < magnitude, strictly, for a negative number of digits.
-bool ExceedsNegativePower(double magnitude, int digits)
+[[gnu::noinline]] bool ExceedsNegativePower(double magnitude, int digits)
 {
     return qx::ParseDouble(("1e" + std::to_string(digits)).c_str(), '.') < magnitude;
 }
@@ -118,11 +118,12 @@ double DPlaces(double value, int places)
 double Precision(double value, int digits)
 {
     const double a = std::fabs(value);
-    const bool large = a > 1e9;
-    if (digits < 0 && !large && ExceedsNegativePower(a, digits))
+    if (a > 1e9)
+        return qx::RoundToDigits(value, 5);
+    if (digits < 0 && ExceedsNegativePower(a, digits))
         return qx::RoundToPlaces(value, 0);
     // A value with more whole digits than asked for keeps them all.
-    return qx::RoundToDigits(value, large ? 5 : digits, large ? qx::kAnyPlaces : 0);
+    return qx::RoundToDigits(value, digits, 0);
 }
 
 int Digits(double value)
