@@ -107,7 +107,11 @@ declare -A label=([en]='Inside &diameter (mm):' [de]='Innen&durchmesser (mm):'
     [fr]='&Diamètre intérieur (mm) :')
 declare -A flow=([en]='Pipe flow at a glance' [de]='Rohrströmung auf einen Blick'
     [fr]="L'écoulement en un coup d'œil")
-declare -A typed=([en]=1.5 [de]=1,5 [fr]=1,5)
+# What is typed on that page: into the field for the viscosity or for the flow.
+declare -A field=([en]=336 [de]=330 [fr]=330)
+declare -A decimal=([en]=. [de]=, [fr]=,)
+declare -A typed=([en]=1.5 [de]=1,5 [fr]=45,5)
+declare -A options=([en]='Program options' [de]='Programmoptionen' [fr]='Options du programme')
 languages=(en de fr)
 
 rows() { look_at PIPEBENCH_MAIN 'Pipe Bench' && [ "$(control SysListView32 5)" = "$1" ]; }
@@ -159,82 +163,166 @@ enter_pipe() {
 results_shown() { look_at '#32770' "$1" && [ -n "$(control 350 5)" ]; }
 results_gone() { look_at '#32770' "$1" && [ -z "$(control 350 5)" ]; }
 
+# Answers the error box with this text, and finds its dialog again:  refuse TEXT TITLE
+refuse() {
+    wait_for_box 'Pipe Bench'
+    say "    error box: $(grep -F "$1" <<<"$controls" | cut -f5)"
+    xdotool key Return
+    wait_for "the end of the box" box_gone 'Pipe Bench'
+    look_at '#32770' "$2" || fail "the dialog '$2' has gone with the box"
+}
+expect() { [ "$(control "$1" 5)" = "$2" ] || fail "field $1 shows '$(control "$1" 5)', not '$2'"; }
+close_dialog() {
+    xdotool key Escape
+    wait_for "the end of the dialog '$1'" window_gone "$1"
+}
+
+open_flow_page() {
+    say "    F3 key: page '${flow[$1]}'"
+    xdotool key F3
+    wait_for_dialog "${flow[$1]}"
+    wait_for "the first results" results_shown "${flow[$1]}"
+}
+
 # Shows the flow of a fluid through the pipe that is selected, after a wrong entry.
 pipe_flow() {
     local language=$1 title=${flow[$1]}
-    say "    F3 key: page '$title'"
-    xdotool key F3
-    wait_for_dialog "$title"
-    wait_for "the first results" results_shown "$title"
-
-    say "    viscosity 'water', Enter key"
-    click_control 336
+    open_flow_page "$language"
+    say "    'water' into a field for numbers, Enter key"
+    click_control "${field[$language]}"
     xdotool key ctrl+a type 'water'
     wait_for "empty results" results_gone "$title"
     xdotool key Return
-    wait_for_box 'Pipe Bench'
-    say "    error box: $(grep -F water <<<"$controls" | cut -f5)"
-    xdotool key Return
-    wait_for "the end of the box" box_gone 'Pipe Bench'
+    refuse water "$title"
 
-    say "    viscosity '${typed[$language]}', Enter key"
+    say "    '${typed[$language]}', Enter key"
     xdotool type "${typed[$language]}"
     xdotool key Return
     wait_for "the results" results_shown "$title"
     say "    velocity $(control 350 5), pressure drop $(control 353 5). $(control 325 5)"
-    grep -qF "${typed[$language]:1:1}" <<<"$(control 350 5)" || fail "no '${typed[$language]:1:1}' in the results"
+    grep -qF "${decimal[$language]}" <<<"$(control 350 5)" || fail "the results have another decimal character"
     screenshot "$language-flow"
-    xdotool key Escape
-    wait_for "the end of the page" window_gone "$title"
+    close_dialog "$title"
 }
 
-back_to_english() {
-    say "Options dialog: English from the list of languages"
+# The page shows what was typed there in an earlier session:  flow_page_shows LANGUAGE FLOW VISCOSITY
+flow_page_shows() {
+    open_flow_page "$1"
+    expect 330 "$2"
+    expect 336 "$3"
+    say "    it shows the flow $2 and the viscosity $3"
+    close_dialog "${flow[$1]}"
+}
+
+open_options() {
+    say "    F4 key: dialog '${options[$1]}'"
     xdotool key F4
-    wait_for_dialog 'Options du programme'
-    screenshot fr-options
+    wait_for_dialog "${options[$1]}"
+}
+
+use_english() {
+    open_options de
+    say "    English from the list of languages, Enter key"
     click_control 311
     xdotool key Home key Return key Return
-    wait_for "the end of the dialog" window_gone 'Options du programme'
-    xdotool key Insert
-    wait_for_dialog "${dialog[en]}"
-    xdotool key Escape
-    wait_for "the end of the dialog" window_gone "${dialog[en]}"
+    wait_for "the end of the dialog" window_gone "${options[de]}"
 }
 
-say "Starting pipebench.exe"
-wine "$bin/pipebench.exe" 2>/dev/null &
-program=$!
-wait_for "the main window" window_shown 'Pipe Bench'
-window=$(xdotool search --onlyvisible --name '^Pipe Bench$' | head -1)
-wait_for "the list with 5 pipes" rows 5
-locate
-settle
+# US units, decimals after a wrong entry, a folder that is made.
+change_options() {
+    open_options fr
+    say "    US units, '1,5' decimal places, click on OK"
+    click_control 321
+    xdotool key Down key Return
+    click_control 315
+    xdotool key ctrl+a type '1,5'
+    click_control 1
+    refuse 1,5 "${options[fr]}"
+    say "    '3' decimal places, folder for projects 'C:\Tuyaux\Projets', Enter key"
+    xdotool type '3'
+    click_control 360
+    xdotool key ctrl+a type 'C:\Tuyaux\Projets'
+    xdotool key Return
+    wait_for "the end of the dialog" window_gone "${options[fr]}"
+    [ -d "$WINEPREFIX/drive_c/Tuyaux/Projets" ] || fail "the folder was not made"
+}
+
+options_came_back() {
+    open_options fr
+    expect 311 'Français'
+    expect 321 'Américaines (US)'
+    expect 315 3
+    expect 360 'C:\Tuyaux\Projets'
+    say "    it shows $(control 311 5), $(control 321 5), $(control 315 5), $(control 360 5)"
+    screenshot fr-options
+    close_dialog "${options[fr]}"
+}
+
+# ---- Sessions ------------------------------------------------------------------------------------
 
 # Boxes open in the middle of the screen: the window goes there, so that pictures show both.
-say "Dragging the window by its title"
-before=$X,$Y
-xdotool mousemove $((X + 300)) $((Y + 12)) mousedown 1 mousemove $((X + 400)) $((Y + 112)) \
-    mousemove $((X + 520)) $((Y + 252)) mouseup 1
-wait_for "the window at its new place" moved "$before"
+drag_to_the_middle() {
+    say "Dragging the window by its title"
+    local before=$X,$Y
+    xdotool mousemove $((X + 300)) $((Y + 12)) mousedown 1 mousemove $((X + 400)) $((Y + 112)) \
+        mousemove $((X + 520)) $((Y + 252)) mouseup 1
+    wait_for "the window at its new place" moved "$before"
+}
 
-count=5
-for i in "${!languages[@]}"; do
-    language=${languages[i]}
-    [ "$i" = 0 ] || choose_language $((i + 1))
+start_program() {
+    say "Starting pipebench.exe"
+    wine "$bin/pipebench.exe" 2>/dev/null &
+    program=$!
+    wait_for "the main window" window_shown 'Pipe Bench'
+    window=$(xdotool search --onlyvisible --name '^Pipe Bench$' | head -1)
+    wait_for "the list with 5 pipes" rows 5
+    count=5
+    locate
+    settle
+}
+
+end_program() {
+    say "Alt+F4"
+    xdotool key alt+F4
+    wait_for "the end of the program" window_gone 'Pipe Bench'
+    wait "$program" || fail "pipebench.exe ended with status $?"
+}
+
+# Row ROW of the list of languages.
+show_language() {
+    local language=${languages[$1 - 1]}
+    [ "$1" = 1 ] || choose_language "$1"
     say "In the language '$language':"
     show_menus "$language"
     enter_pipe "$language" $((++count))
     pipe_flow "$language"
     screenshot "$language-window"
-done
+}
 
-back_to_english
+start_program
+drag_to_the_middle
+show_language 1
+show_language 2
+end_program
 
-say "Alt+F4"
-xdotool key alt+F4
-wait_for "the end of the program" window_gone 'Pipe Bench'
-wait "$program" || fail "pipebench.exe ended with status $?"
+say "What was typed comes back, in the form of each language:"
+start_program
+flow_page_shows de 1,5 1,5
+use_english
+flow_page_shows en 1.5 1.5
+drag_to_the_middle
+show_language 3
+change_options
+end_program
+
+start_program
+drag_to_the_middle
+options_came_back
+end_program
+
+find "$WINEPREFIX/drive_c/users" -name PipeBench.ini -exec cp {} "$out" \;
+say "The INI file that it wrote:"
+tr -d '\r' <"$out/PipeBench.ini" | sed 's/^/    /'
 
 # ---- The same without windows --------------------------------------------------------------------
 

@@ -42,6 +42,7 @@
 #define IDC_PREVIEW_NUMBER 312
 #define IDC_PREVIEW_MONEY 313
 #define IDC_PREVIEW_DATE 314
+#define IDC_DECIMALS 315
 #define IDC_UNITS 321
 #define IDC_CURVE_FILE 322
 #define IDC_BROWSE 323
@@ -51,6 +52,8 @@
 #define IDC_FLOW_FIELDS 330
 #define IDC_FLOW_UNITS 340
 #define IDC_FLOW_RESULTS 350
+// One number per work directory; see kWorkDirectories.
+#define IDC_DIRECTORIES 360
 
 // Strings of the language table
 #define IDS_PROGRAM 1
@@ -63,6 +66,7 @@
 #define IDS_NAME_TAKEN 16
 #define IDS_OUT_OF_RANGE 17
 #define IDS_BAD_ROUGHNESS 18
+#define IDS_BAD_DECIMALS 19
 #define IDS_PIPE_COUNT 21
 #define IDS_TOTAL_LENGTH 22
 #define IDS_TOTAL_CONTENT 23
@@ -79,5 +83,7 @@
 #define IDS_CURVE_RANGE 35
 #define IDS_CURVE_TWICE 36
 #define IDS_CURVE_SHORT 37
+#define IDS_BAD_DIRECTORY 38
+#define IDS_NOT_SAVED 39
 
 #endif

@@ -138,16 +138,16 @@ TEST(Options, AreReadFromTheCommandLine)
     struct Case {
         std::vector<std::string> arguments;
         bool console;
-        DWORD lcid;
+        std::optional<DWORD> lcid;
         const char* error;
     };
     const Case cases[] = {
-        {{}, false, kEnglish, ""},
+        {{}, false, {}, ""},
         {{"--console", "--language", "de"}, true, kGerman, ""},
         {{"--language", "1036"}, false, kFrench, ""},
-        {{"--language", "klingon"}, false, kEnglish, "unknown language: klingon"},
-        {{"--language"}, false, kEnglish, "unknown option: --language"},
-        {{"--help"}, false, kEnglish, "unknown option: --help"},
+        {{"--language", "klingon"}, false, {}, "unknown language: klingon"},
+        {{"--language"}, false, {}, "unknown option: --language"},
+        {{"--help"}, false, {}, "unknown option: --help"},
     };
     for (const Case& c : cases) {
         const Options options = ReadOptions(c.arguments);

@@ -134,7 +134,7 @@ static void PrintFlowPage(const Localisation& localisation, const Pipe& pipe,
                           const std::string& pumpCurve, const ReportFault& report)
 {
     const CLanguage& language = localisation.Language();
-    const FlowCase flowCase = ProposeFlow(pipe);
+    const FlowCase flowCase = ProposeFlow(kFirstFlow, pipe);
     Line(Wording(language, "Pipe flow at a glance") + " - " + pipe.name);
     PrintFlow(language, flowCase);
     for (const std::string& file : {pumpCurve, pumpCurve + ".missing"}) {

@@ -26,6 +26,18 @@ bool Localisation::Use(DWORD lcid)
     return found;
 }
 
+static constexpr char kSection[] = "ID";
+
+void Localisation::UseStored()
+{
+    Use(m_language.GetDefault(kSection));
+}
+
+void Localisation::Store()
+{
+    m_language.SaveDefault(kSection);
+}
+
 // A column is named by primary language and sublanguage: "07-01".
 static DWORD ToLcid(const std::string& column)
 {

@@ -26,6 +26,9 @@ class Localisation {
 
     // Switches the program and the library; false when they fell back to English.
     bool Use(DWORD lcid);
+    // Switches to the language that the product's INI file holds, and stores the one in use there.
+    void UseStored();
+    void Store();
     // The languages of the table, in its order.
     std::vector<LanguageChoice> Choices() const;
 

@@ -32,7 +32,7 @@ Options ReadOptions(const std::vector<std::string>& arguments)
             const auto lcid = ToLcid(*++argument);
             if (!lcid)
                 options.error = "unknown language: " + *argument;
-            options.lcid = lcid.value_or(options.lcid);
+            options.lcid = lcid;
         } else {
             options.error = "unknown option: " + *argument;
         }

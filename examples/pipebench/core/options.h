@@ -3,6 +3,7 @@
 
 #include <qxutility/types.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,8 +11,8 @@ namespace pipebench {
 
 struct Options {
     bool console = false;
-    DWORD lcid = 0x0409;  // the language to start with: English
-    std::string error;    // what cannot be understood; empty when all is well
+    std::optional<DWORD> lcid;  // the language to start with
+    std::string error;          // what cannot be understood; empty when all is well
 };
 
 // pipebench [--console] [--language en|de|fr|<locale identifier>]

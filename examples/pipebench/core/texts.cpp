@@ -26,12 +26,17 @@ std::string NumberText(const CLanguage& language, double value, int decimals)
     return Localised(language, FixedText(value, decimals));
 }
 
-std::string ShortNumberText(const CLanguage& language, double value)
+std::string PlainNumberText(double value)
 {
     std::array<char, 400> buffer;
     const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
                                       std::chars_format::fixed);
-    return Localised(language, {buffer.data(), result.ptr});
+    return {buffer.data(), result.ptr};
+}
+
+std::string ShortNumberText(const CLanguage& language, double value)
+{
+    return Localised(language, PlainNumberText(value));
 }
 
 std::string MoneyText(const CLanguage& language, double value, bool keepDecimals)

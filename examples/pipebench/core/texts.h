@@ -9,6 +9,8 @@ namespace pipebench {
 
 // The value with so many decimals and the user's decimal character: "12,50".
 std::string NumberText(const CLanguage& language, double value, int decimals);
+// The value as files hold it, with a '.': as few digits as give it back.
+std::string PlainNumberText(double value);
 // The value as it is best typed again: as few digits as give it back.
 std::string ShortNumberText(const CLanguage& language, double value);
 std::string MoneyText(const CLanguage& language, double value, bool keepDecimals);

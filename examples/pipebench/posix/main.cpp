@@ -1,6 +1,7 @@
 // Pipe Bench on systems without windows: the console mode alone.
 #include "core/console.h"
 #include "core/options.h"
+#include "core/settings.h"
 #include "ids.h"
 
 #include <qxutility/qxutility.h>
@@ -9,6 +10,8 @@
 #include <filesystem>
 
 using namespace pipebench;
+
+static constexpr DWORD kEnglish = 0x0409;
 
 // Stands in for the box: what a user would read in it.
 static int PrintBox(HWND, const char* text, const char* caption, UINT)
@@ -44,10 +47,10 @@ int main(int argc, char** argv)
     const HINSTANCE module = qx::host::ModuleOf(kUsage);
     RegisterStrings(module);
     Localisation localisation(module, (folder / "PIPEBENCH_LANGUAGE.DAT").string());
-    if (!localisation.Use(options.lcid))
+    if (!localisation.Use(options.lcid.value_or(kEnglish)))
         std::fprintf(stderr,
                      "pipebench: this language is not in the table, continuing in English\n");
     qx::host::SetMessageBoxHandler(PrintBox);
-    RunConsole(localisation, (folder / "PUMP_CURVE.DAT").string(), ShowFault);
+    RunConsole(localisation, (folder / kSampleCurve).string(), ShowFault);
     return 0;
 }

@@ -24,6 +24,22 @@ void FocusItem(HWND dialog, int id)
     ::SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
 }
 
+void FillUnits(HWND dialog, const Localisation& localisation, DT_UNITS units)
+{
+    for (const unsigned id : {IDS_METRIC_UNITS, IDS_US_UNITS}) {
+        const std::string name = localisation.String(id);
+        ::SendDlgItemMessageA(dialog, IDC_UNITS, CB_ADDSTRING, 0,
+                              reinterpret_cast<LPARAM>(name.c_str()));
+    }
+    ::SendDlgItemMessageA(dialog, IDC_UNITS, CB_SETCURSEL, units == DT_METRIC ? 0 : 1, 0);
+}
+
+DT_UNITS ChosenUnits(HWND dialog)
+{
+    return ::SendDlgItemMessageA(dialog, IDC_UNITS, CB_GETCURSEL, 0, 0) == 0 ? DT_METRIC
+                                                                             : DT_ENGLISH;
+}
+
 void ShowFault(HWND owner, const Localisation& localisation, const Fault& fault)
 {
     ErrorMessage(localisation.Module(), localisation.String(IDS_PROGRAM), owner, fault.stringId,

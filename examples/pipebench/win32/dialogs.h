@@ -3,6 +3,8 @@
 
 #include "core/entry.h"
 #include "core/localisation.h"
+#include "core/settings.h"
+#include "win32/settings_store.h"
 
 #include <windows.h>
 
@@ -14,10 +16,16 @@ namespace pipebench {
 std::optional<Pipe> EditPipe(HWND owner, const Localisation& localisation, const Pipe& pipe,
                              const std::vector<Pipe>& others);
 
-// The page "pipe flow at a glance" for a pipe.
-void ShowPipeFlow(HWND owner, const Localisation& localisation, const Pipe& pipe);
+// The page "pipe flow at a glance" for a pipe; what was entered last is in `settings` afterwards.
+void ShowPipeFlow(HWND owner, const Localisation& localisation, const Pipe& pipe,
+                  Settings& settings);
 
-// Lets the user choose a language; nothing when the user cancels.
-std::optional<DWORD> ChooseLanguage(HWND owner, const Localisation& localisation);
+struct ProgramOptions {
+    DWORD lcid;
+    Settings settings;
+    DirectoryPaths directories;
+};
+// Edits the options; false, and nothing is changed, when the user cancels.
+bool EditOptions(HWND owner, const Localisation& localisation, ProgramOptions& options);
 
 }  // namespace pipebench

@@ -3,6 +3,7 @@
 #include "ids.h"
 
 #include <qxutility/config/startup.h>
+#include <qxutility/env/directories.h>
 
 #include <windows.h>
 #include <commdlg.h>
@@ -19,9 +20,20 @@ std::string BesideProgram(const std::string& name)
     return program.substr(0, program.find_last_of('\\') + 1) + name;
 }
 
+static std::string CurvesDirectory()
+{
+    std::array<char, MAX_PATH> directory{};
+    GetDirectory(DIR_CURVES, directory.data(), 0);
+    return directory.data();
+}
+
 std::string CurvePath(const std::string& file)
 {
-    return file.find_first_of("\\/:") == std::string::npos ? BesideProgram(file) : file;
+    if (file.find_first_of("\\/:") != std::string::npos)
+        return file;
+    const std::string path = CurvesDirectory() + '\\' + file;
+    const bool exists = ::GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+    return exists ? path : BesideProgram(file);
 }
 
 std::optional<std::string> ChooseCurveFile(HWND owner, const Localisation& localisation)
@@ -34,10 +46,26 @@ std::optional<std::string> ChooseCurveFile(HWND owner, const Localisation& local
     dialog.lpstrFilter = LoadFileFilter(localisation.Module(), filter.data(), IDS_CURVE_FILTER);
     dialog.lpstrFile = file.data();
     dialog.nMaxFile = file.size();
+    const std::string directory = CurvesDirectory();
+    dialog.lpstrInitialDir = directory.c_str();
     dialog.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
     if (!::GetOpenFileNameA(&dialog))
         return {};
     return file.data();
+}
+
+static bool IsFullPath(const std::string& path)
+{
+    return path.starts_with("\\\\") || path.find(":\\") == 1;
+}
+
+bool MakeDirectory(const std::string& path)
+{
+    if (!IsFullPath(path))
+        return false;
+    SmartCreateDir(path.c_str());
+    const DWORD attributes = ::GetFileAttributesA(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
 }  // namespace pipebench

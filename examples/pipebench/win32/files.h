@@ -10,14 +10,16 @@
 
 namespace pipebench {
 
-// The pump curve that comes with the program.
-inline constexpr char kSampleCurve[] = "PUMP_CURVE.DAT";
-
 // The path of a file beside the program.
 std::string BesideProgram(const std::string& name);
-// The path of a pump curve's file as the user wrote it: a bare name is one beside the program.
+// The path of a pump curve's file as the user wrote it: a bare name is in the directory of curves
+// or, where that has no such file, beside the program.
 std::string CurvePath(const std::string& file);
 // Lets the user choose the file of a pump curve; nothing when they cancel.
 std::optional<std::string> ChooseCurveFile(HWND owner, const Localisation& localisation);
+
+inline constexpr int kLongestDirectory = 240;  // leaves room for the name of a file
+// Makes a directory with all of its parents; false when there is none of this full path then.
+bool MakeDirectory(const std::string& path);
 
 }  // namespace pipebench

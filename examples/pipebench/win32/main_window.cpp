@@ -14,7 +14,8 @@ namespace pipebench {
 static constexpr int kListId = 1;
 static constexpr char kClass[] = "PIPEBENCH_MAIN";
 
-MainWindow::MainWindow(Localisation& localisation) : m_localisation(localisation)
+MainWindow::MainWindow(Localisation& localisation, std::optional<DWORD> lcid)
+    : m_localisation(localisation), m_lcid(lcid)
 {
     WNDCLASSA info{};
     info.lpfnWndProc = Procedure;
@@ -81,6 +82,9 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam)
 
 void MainWindow::OnCreate()
 {
+    m_settings = Start(m_window, m_localisation);
+    if (m_lcid)
+        m_localisation.Use(*m_lcid);
     m_sketch.Create(m_window, [this](std::size_t index) {
         m_list.Select(index);
         ::SetFocus(m_list.Window());
@@ -115,7 +119,8 @@ void MainWindow::OnCommand(int id)
         return UseLanguage(
             m_localisation.Choices()[static_cast<std::size_t>(id - IDM_LANGUAGE_FIRST)].lcid);
     if (id >= IDM_DECIMALS_0 && id <= IDM_DECIMALS_3) {
-        m_decimals = id - IDM_DECIMALS_0;
+        m_settings.decimals = id - IDM_DECIMALS_0;
+        Save(m_window, m_localisation, m_settings);
         return ShowPipes();
     }
     switch (id) {
@@ -146,9 +151,7 @@ void MainWindow::OnCommand(int id)
         case IDM_STATUS_BAR:
             return Toggle(m_statusBar);
         case IDM_OPTIONS:
-            if (const auto lcid = ChooseLanguage(m_window, m_localisation))
-                UseLanguage(*lcid);
-            return;
+            return ChangeOptions();
         case IDM_ABOUT:
             return ShowAbout();
     }
@@ -179,7 +182,7 @@ void MainWindow::OnInitMenu(HMENU menu) const
     check(IDM_SKETCH, m_sketch.Window());
     check(IDM_STATUS_BAR, m_statusBar);
     ::CheckMenuRadioItem(menu, IDM_DECIMALS_0, IDM_DECIMALS_3,
-                         static_cast<UINT>(IDM_DECIMALS_0 + m_decimals), MF_BYCOMMAND);
+                         static_cast<UINT>(IDM_DECIMALS_0 + m_settings.decimals), MF_BYCOMMAND);
 }
 
 void MainWindow::ShowTexts()
@@ -198,7 +201,7 @@ void MainWindow::ShowMenu()
 
 void MainWindow::ShowPipes()
 {
-    m_list.Show(m_localisation.Language(), m_pipes, m_decimals);
+    m_list.Show(m_localisation.Language(), m_pipes, m_settings.decimals);
     ShowSketch();
     ShowStatus();
 }
@@ -209,7 +212,7 @@ void MainWindow::ShowSketch()
     SketchView::Content content{.pipes = &m_pipes, .labels = {}, .selected = m_list.Selected()};
     for (const Pipe& pipe : m_pipes)
         content.labels.push_back({"DN " + NumberText(language, pipe.diameter, 0),
-                                  NumberText(language, pipe.length, m_decimals) + " m"});
+                                  NumberText(language, pipe.length, m_settings.decimals) + " m"});
     m_sketch.Show(std::move(content));
 }
 
@@ -221,8 +224,10 @@ void MainWindow::ShowStatus()
     const HINSTANCE module = m_localisation.Module();
     const std::string texts[] = {
         Sentence(module, IDS_PIPE_COUNT, std::to_string(m_pipes.size())),
-        Sentence(module, IDS_TOTAL_LENGTH, NumberText(language, totals.length, m_decimals)),
-        Sentence(module, IDS_TOTAL_CONTENT, NumberText(language, totals.content, m_decimals)),
+        Sentence(module, IDS_TOTAL_LENGTH,
+                 NumberText(language, totals.length, m_settings.decimals)),
+        Sentence(module, IDS_TOTAL_CONTENT,
+                 NumberText(language, totals.content, m_settings.decimals)),
         Sentence(module, IDS_TOTAL_PRICE, MoneyText(language, totals.price, false)),
         DateText(language, DATE_LONGDATE)};
     int ends[std::size(texts)];
@@ -238,7 +243,20 @@ void MainWindow::ShowStatus()
 void MainWindow::UseLanguage(DWORD lcid)
 {
     m_localisation.Use(lcid);
+    m_localisation.Store();
     ShowTexts();
+}
+
+void MainWindow::ChangeOptions()
+{
+    ProgramOptions options = {m_localisation.Language().GetLanguage(), m_settings,
+                              ReadDirectories()};
+    if (!EditOptions(m_window, m_localisation, options))
+        return;
+    m_settings = options.settings;
+    Save(m_window, m_localisation, m_settings);
+    SaveDirectories(m_window, m_localisation, options.directories);
+    UseLanguage(options.lcid);
 }
 
 void MainWindow::AddPipe()
@@ -290,8 +308,11 @@ void MainWindow::DeleteSelected()
 
 void MainWindow::ShowFlowOfSelected()
 {
-    if (const auto index = m_list.Selected())
-        ShowPipeFlow(m_window, m_localisation, m_pipes[*index]);
+    const auto index = m_list.Selected();
+    if (!index)
+        return;
+    ShowPipeFlow(m_window, m_localisation, m_pipes[*index], m_settings);
+    Save(m_window, m_localisation, m_settings);
 }
 
 void MainWindow::Sort(SortKey key)

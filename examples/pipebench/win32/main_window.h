@@ -3,6 +3,7 @@
 
 #include "core/localisation.h"
 #include "core/pipe.h"
+#include "core/settings.h"
 #include "win32/pipe_list.h"
 #include "win32/sketch_view.h"
 
@@ -15,7 +16,8 @@ namespace pipebench {
 
 class MainWindow {
   public:
-    explicit MainWindow(Localisation& localisation);
+    // Starts in the stored language, or in `lcid`.
+    MainWindow(Localisation& localisation, std::optional<DWORD> lcid);
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
 
@@ -38,6 +40,7 @@ class MainWindow {
     void ShowStatus();
 
     void UseLanguage(DWORD lcid);
+    void ChangeOptions();
     void AddPipe();
     void EditSelected();
     void DuplicateSelected();
@@ -48,12 +51,13 @@ class MainWindow {
     void ShowAbout();
 
     Localisation& m_localisation;
+    std::optional<DWORD> m_lcid;
     HWND m_window = nullptr;
     HWND m_statusBar = nullptr;
     SketchView m_sketch;
     PipeList m_list;
     std::vector<Pipe> m_pipes = SamplePipes();
-    int m_decimals = 2;
+    Settings m_settings;
 };
 
 }  // namespace pipebench

@@ -1,6 +1,7 @@
 // Pipe Bench on Windows: the window, or with --console the console mode.
 #include "core/console.h"
 #include "core/options.h"
+#include "core/settings.h"
 #include "core/texts.h"
 #include "ids.h"
 #include "win32/files.h"
@@ -13,6 +14,8 @@
 #include <cstdlib>
 
 using namespace pipebench;
+
+static constexpr DWORD kEnglish = 0x0409;
 
 // A batch job must not stop at a box: the same words are printed instead.
 static void PrintFault(const Localisation& localisation, const Fault& fault)
@@ -42,9 +45,10 @@ int WINAPI WinMain(HINSTANCE module, HINSTANCE, LPSTR, int show)
         return 2;
     }
     Localisation localisation(module, BesideProgram("PIPEBENCH_LANGUAGE.DAT"));
-    localisation.Use(options.lcid);
-    if (options.console)
+    if (options.console) {
+        localisation.Use(options.lcid.value_or(kEnglish));
         return RunOnConsole(localisation);
+    }
     ::InitCommonControls();
-    return MainWindow(localisation).Run(show);
+    return MainWindow(localisation, options.lcid).Run(show);
 }

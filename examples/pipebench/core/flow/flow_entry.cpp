@@ -93,15 +93,12 @@ FlowEntry ConvertEntry(const CLanguage& language, FlowEntry entry, DT_UNITS from
     return entry;
 }
 
-FlowCase ProposeFlow(const Pipe& pipe)
+FlowCase ProposeFlow(FlowCase last, const Pipe& pipe)
 {
-    return {.flow = 60,
-            .diameter = pipe.diameter,
-            .length = pipe.length,
-            .roughness = kRoughness[pipe.material],
-            .lift = 12,
-            .density = 998.2,
-            .viscosity = 1.002};
+    last.diameter = pipe.diameter;
+    last.length = pipe.length;
+    last.roughness = kRoughness[pipe.material];
+    return last;
 }
 
 }  // namespace pipebench

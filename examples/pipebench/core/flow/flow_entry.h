@@ -14,22 +14,24 @@
 
 namespace pipebench {
 
-// One field of the page: its label in English, and what it may hold, in metric units.
+// One field of the page: its label in English, its key in the INI file (null for what belongs to
+// the pipe and is not kept), and what it may hold, in metric units.
 struct FlowField {
     const char* wording;
+    const char* key;
     Quantity quantity;
     double FlowCase::*value;
     double least, most;
 };
 
 inline constexpr std::array<FlowField, 7> kFlowFields = {{
-    {"Flow:", Quantity::Flow, &FlowCase::flow, 0.001, 100'000},
-    {"Bore:", Quantity::Size, &FlowCase::diameter, 1, 10'000},
-    {"Length:", Quantity::Length, &FlowCase::length, 0.01, 1'000'000},
-    {"Wall roughness:", Quantity::Size, &FlowCase::roughness, 0, 50},
-    {"Lift:", Quantity::Length, &FlowCase::lift, -5'000, 5'000},
-    {"Density:", Quantity::Density, &FlowCase::density, 0.01, 25'000},
-    {"Viscosity:", Quantity::Viscosity, &FlowCase::viscosity, 0.001, 1'000'000},
+    {"Flow:", "Flow", Quantity::Flow, &FlowCase::flow, 0.001, 100'000},
+    {"Bore:", nullptr, Quantity::Size, &FlowCase::diameter, 1, 10'000},
+    {"Length:", nullptr, Quantity::Length, &FlowCase::length, 0.01, 1'000'000},
+    {"Wall roughness:", nullptr, Quantity::Size, &FlowCase::roughness, 0, 50},
+    {"Lift:", "Lift", Quantity::Length, &FlowCase::lift, -5'000, 5'000},
+    {"Density:", "Density", Quantity::Density, &FlowCase::density, 0.01, 25'000},
+    {"Viscosity:", "Viscosity", Quantity::Viscosity, &FlowCase::viscosity, 0.001, 1'000'000},
 }};
 
 using FlowEntry = std::array<std::string, kFlowFields.size()>;
@@ -54,7 +56,12 @@ FlowEntry ToFlowEntry(const CLanguage& language, const FlowCase& flowCase, DT_UN
 FlowEntry ConvertEntry(const CLanguage& language, FlowEntry entry, DT_UNITS from, DT_UNITS to,
                        FlowCase& shown);
 
-// The flow that the page proposes for a pipe: its dimensions, its material's roughness, water.
-FlowCase ProposeFlow(const Pipe& pipe);
+// Water, and what the page starts with before the user has entered anything.
+inline constexpr FlowCase kFirstFlow = {
+    .flow = 60, .lift = 12, .density = 998.2, .viscosity = 1.002};
+
+// The flow that the page proposes for a pipe: the last one, with the pipe's dimensions and the
+// roughness of its material.
+FlowCase ProposeFlow(FlowCase last, const Pipe& pipe);
 
 }  // namespace pipebench

@@ -5,17 +5,17 @@
 
 #include <qxutility/config/table_reader.h>
 #include <qxutility/core/text.h>
+#include <qxutility/formats/text_file.h>
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <filesystem>
 #include <memory>
 
 namespace pipebench {
 
-static constexpr std::uintmax_t kLargestFile = 1'000'000;  // bytes
+static constexpr std::uint64_t kLargestFile = 1'000'000;   // bytes
 static constexpr double kMostFlow = 1e6, kMostHead = 1e5;  // m3/h, m
 
 struct Column {
@@ -124,12 +124,11 @@ static std::variant<PumpCurve, Fault> MakeCurve(std::vector<CurvePoint> points,
 
 std::variant<PumpCurve, Fault> ReadPumpCurve(const std::string& path)
 {
-    const std::string file = Quoted(std::filesystem::path(path).filename().string());
-    std::error_code error;
-    const auto size = std::filesystem::file_size(path, error);
-    if (error)
+    const std::string file = Quoted(path.substr(path.find_last_of("/\\:") + 1));
+    const TextFile text(path.c_str());
+    if (!text.ValidFile())
         return Fault{IDS_CURVE_UNREADABLE, file};
-    if (size > kLargestFile)
+    if (text.Size() > kLargestFile)
         return Fault{IDS_CURVE_LARGE, file};
     const CTableReader table(path.c_str(), '\t', nullptr, nullptr);
     const auto names = ColumnNames(table);
