@@ -124,7 +124,7 @@ choose_language() {
 }
 
 show_menus() {
-    say "    View menu and its submenu for sorting"
+    say "    View menu and its submenu for decimals"
     open_menu 3
     xdotool key Down key Right
     wait_for "the submenu" popup_count 2
