@@ -25,10 +25,9 @@ constexpr std::size_t kShortToken = 6;
 // The low seven bits of the first `count` of four bytes, as one number.
 inline std::uint32_t JoinGroups(const char* bytes, unsigned count)
 {
-    std::uint32_t number = 0;
-    for (unsigned i = 0; i < 4; ++i)
-        number = number << 8 | static_cast<unsigned char>(bytes[i]);
-    number >>= 32 - 8 * count;
+    const auto byte = [&](int i) { return std::uint32_t{static_cast<unsigned char>(bytes[i])}; };
+    const std::uint32_t four = byte(0) << 24 | byte(1) << 16 | byte(2) << 8 | byte(3);
+    const std::uint32_t number = four >> (32 - 8 * count);
     return (number & 0x7F) | (number >> 1 & 0x3F80) | (number >> 2 & 0x1FC000) |
            (number >> 3 & 0xFE00000);
 }
@@ -43,41 +42,71 @@ inline void CopyBack(char* to, std::size_t distance, std::size_t length)
             to[i] = from[i];
         return;
     }
-    for (std::size_t i = 0; i < length; i += 16)
+    std::memcpy(to, from, 16);
+    std::memcpy(to + 16, from + 16, 16);
+    if (length <= 32)
+        return;
+    std::memcpy(to + 32, from + 32, 16);
+    std::memcpy(to + 48, from + 48, 16);
+    for (std::size_t i = 64; i < length; i += 16)
         std::memcpy(to + i, from + i, 16);
 }
 
 // A text that is being restored: its start, its end as yet, and the end of the room for it.
 struct Restored {
-    const char* begin;
+    char* begin;
     char* end;
-    const char* room;
+    char* room;
+
+    std::size_t Size() const { return static_cast<std::size_t>(end - begin); }
+    std::size_t Room() const { return static_cast<std::size_t>(room - end); }
 };
 
-// Takes the literals up to the next escape byte and the match there, from what is `at` bytes into
-// the window. False, with nothing done, for another token, numbers that are longer than usual, a
-// fault, and without room.
-inline bool TakeMatch(const char* in, const ByteWindow& window, unsigned& at, Restored& text)
+// The number of the lowest bit; 63 when there is none.
+inline unsigned BitNumber(std::uint64_t bits)
 {
-    const auto literals = static_cast<unsigned>(std::countr_zero(window.equal >> at));
-    const unsigned token = at + literals;
-    const std::uint64_t ends = window.low >> (token + 1);
-    const std::size_t length = static_cast<unsigned char>(in[token + 1]);
-    const auto groups = static_cast<unsigned>(std::countr_zero(ends >> 1)) + 1;
-    if (!(ends & 1) || length == 0 || groups > 4)
+    return static_cast<unsigned>(std::countr_zero(bits | std::uint64_t{1} << 63));
+}
+
+// Takes `literals`, up to `token`, and the match there, whose distance has so many groups. False,
+// with nothing done, for a token that is no match, numbers that are longer than usual, a fault, and
+// without room.
+inline bool TakeMatch(const char* token, unsigned literals, unsigned groups, Restored& text)
+{
+    const std::size_t length = static_cast<unsigned char>(token[1]);
+    if (length - 1 >= 127 || groups > 4)
         return false;
-    const std::size_t distance = JoinGroups(in + token + 2, groups);
-    const auto size = static_cast<std::size_t>(text.end - text.begin) + literals;
-    if (distance - 1 >= size || static_cast<std::size_t>(text.room - text.end) < literals + length)
+    const std::size_t distance = JoinGroups(token + 2, groups);
+    if (text.Size() + literals < distance || distance == 0 || text.Room() < literals + length)
         return false;
-    std::memcpy(text.end, in + at, 16);
+    std::memcpy(text.end, token - literals, 16);
     if (literals > 16)
-        std::memcpy(text.end + 16, in + at + 16, 48);
+        std::memcpy(text.end + 16, token - literals + 16, 48);
     text.end += literals;
     CopyBack(text.end, distance, length);
     text.end += length;
-    at = token + 2 + groups;
     return true;
+}
+
+// Takes the tokens in a window as long as TakeMatch does; returns how many bytes were read.
+inline unsigned TakeMatches(const char* in, const ByteWindow& window, Restored& text)
+{
+    const std::uint64_t others = ~window.equal, high = ~window.low;
+    const std::uint64_t whole = window.equal & ~std::uint64_t{0} >> kShortToken;
+    unsigned at = 0;
+    for (std::uint64_t next = 1;;) {
+        // The carry runs through what is no escape byte to the first that is one, and then from the
+        // distance's first byte through those above 127 to its last.
+        const std::uint64_t token = (others + next) & whole;
+        if (token == 0)
+            return at;
+        const std::uint64_t last = (high + 4 * token) & window.low;
+        const unsigned begin = BitNumber(token), end = BitNumber(last);
+        if (!TakeMatch(in + begin, begin - at, end - begin - 1, text))
+            return at;
+        next = 2 * last;
+        at = end + 1;
+    }
 }
 
 // Reads the tokens of a compressed text.
@@ -112,7 +141,7 @@ class Uncompressor {
   private:
     Fault TakeAll()
     {
-        m_text.reserve(std::min(m_limit, Left() * 3) + kSlack);
+        m_text.reserve(std::min(m_limit, Left() * 4) + kSlack);
         MakeRoom(0);
         while (m_in < m_inEnd) {
             TakeWindows();
@@ -129,35 +158,47 @@ class Uncompressor {
     {
         const std::size_t needed = m_size + count + kSlack;
         if (needed > m_text.size())
-            m_text.resize(needed + std::min({m_limit - m_size - count, Left() * 3, kGrowth}));
+            m_text.resize(needed + std::min({m_limit - m_size - count, Left() * 4, kGrowth}));
     }
 
-    // Takes tokens as long as TakeMatch does, and the literals between them. Where tokens begin and
-    // numbers end is looked up for 64 bytes at once.
+    // Takes windows as long as TakeWindow does.
     void TakeWindows()
     {
-        const char* const begin = m_text.data();
-        Restored text{begin, &m_text[m_size], begin + m_text.size() - kSlack};
+        char* const begin = m_text.data();
+        Restored text{begin, begin + m_size, begin + m_text.size() - kSlack};
         const char* in = m_in;
-        while (m_inEnd - in >= 128 && text.room - text.end >= 64) {
-            const ByteWindow window = LookAt64(in, m_escape);
-            constexpr std::uint64_t kWhole = ~std::uint64_t{0} >> kShortToken;
-            unsigned at = 0;
-            bool taken = true;
-            while (taken && (window.equal & kWhole) >> at)
-                taken = TakeMatch(in, window, at, text);
-            in += at;
-            if (!taken || text.room - text.end < 64)
-                break;
-            const std::uint64_t cutToken = window.equal >> at;
-            const unsigned literals =
-                cutToken ? static_cast<unsigned>(std::countr_zero(cutToken)) : 64 - at;
-            std::memcpy(text.end, in, 64);
-            text.end += literals;
-            in += literals;
+        bool going = true;
+        while (going && m_inEnd - in >= 2 * 64)
+            going = TakeWindow(in, in, 64, text);
+        while (going && in < m_inEnd) {  // what stands behind the input may not be read
+            char last[3 * 64] = {};
+            const std::ptrdiff_t left = m_inEnd - in;
+            std::memcpy(last, in, static_cast<std::size_t>(left));
+            going = TakeWindow(last, in, static_cast<unsigned>(std::min<std::ptrdiff_t>(64, left)),
+                               text);
         }
         m_in = in;
-        m_size = static_cast<std::size_t>(text.end - begin);
+        m_size = text.Size();
+    }
+
+    // Takes tokens as long as TakeMatch does, and the literals between them, from `count` bytes of
+    // a window; `in` moves on. Where tokens begin and numbers end is looked up for all at once.
+    // False when a token was refused, or without room.
+    bool TakeWindow(const char* bytes, const char*& in, unsigned count, Restored& text) const
+    {
+        ByteWindow window = LookAt64(bytes, m_escape);
+        if (count < 64)
+            window.Cut(count);
+        const unsigned at = TakeMatches(bytes, window, text);
+        const std::uint64_t token = window.equal >> at;
+        const unsigned literals = token ? BitNumber(token) : count - at;
+        in += at;
+        if ((token && at + literals < 64 - kShortToken) || text.Room() < 64)
+            return false;
+        std::memcpy(text.end, bytes + at, 64);
+        text.end += literals;
+        in += literals;
+        return true;
     }
 
     // Takes the literals up to the next escape byte, and the token there, of whatever form.
