@@ -205,6 +205,40 @@ TEST_F(FirstRun, IniFileThatCannotBeMade)
     EXPECT_THAT(boxes.shown[0].text, HasSubstr(path));
 }
 
+TEST_F(FirstRun, NamesThatMakeNoGoodPath)
+{
+    InstallRunner();
+    const std::string separator(1, kSeparator), longName(1000, 'n');
+    struct Case {
+        std::string company, iniName;
+        bool succeeds;
+    };
+    for (const Case& c : {Case{"Company" + separator, "a.ini", true},
+                          Case{"Com" + separator + "pany", "b.ini", true},
+                          Case{longName, "c.ini", false}, Case{"Company", longName, false}}) {
+        ChangeINIFileName("");
+        EXPECT_EQ(InitINI(nullptr, c.company.c_str(), c.iniName.c_str()), c.succeeds)
+            << c.company << " " << c.iniName;
+        std::error_code ignored;
+        EXPECT_EQ(std::filesystem::exists(
+                      m_folder.Path("appdata") + kSeparator + c.company + kSeparator + c.iniName,
+                      ignored),
+                  c.succeeds);
+    }
+}
+
+TEST_F(FirstRun, BinaryJunkBecomesSettings)
+{
+    std::string junk;
+    for (int i = 0; i < 5000; ++i)
+        junk += static_cast<char>(i * i / 7);
+    for (const std::string& text : {junk, "[open\r\n" + junk, std::string(100000, '\0')}) {
+        m_folder.Write("settings.ini", text);
+        EXPECT_TRUE(InitWithoutRunner());
+        EXPECT_NE(Value("ID", "Tables"), "");
+    }
+}
+
 TEST_F(FirstRun, ResetPackagesForgetsThemAll)
 {
     std::string text = "[PACKAGES]\r\n; note\r\ntwice=EXECUTED\r\n";
