@@ -67,8 +67,9 @@ Printed PrintByRoundDblBands(double value, char* text)
 
 char StandardLocalePoint()
 {
+    static const std::locale& classic = std::locale::classic();
     const std::locale global;
-    if (global == std::locale::classic())  // a facet is looked up far more slowly
+    if (global == classic)  // a facet is looked up far more slowly
         return '.';
     return std::use_facet<std::numpunct<char>>(global).decimal_point();
 }
@@ -96,7 +97,7 @@ void DropZeros(char* text, int length)
 [[gnu::noinline]] double RoundDblWithoutText(double value)
 {
     char unwanted[qx::kPrintedSize];
-    return PrintByRoundDblBands(value, unwanted).value;
+    return RoundDbl(unwanted, value);
 }
 
 }  // namespace
