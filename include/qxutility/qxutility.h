@@ -20,3 +20,4 @@
 #include <qxutility/formats/log_file.h>
 #include <qxutility/formats/text_file.h>
 #include <qxutility/host.h>
+#include <qxutility/ui/dialog_fields.h>

@@ -42,13 +42,14 @@ def readable(name):
     name = name.replace("[abi:cxx11]", "").replace("std::__cxx11::", "std::")
     name = re.sub(r"std::basic_string<char, std::char_traits<char>, std::allocator<char> ?>",
                   "std::string", name)
+    name = name.replace("( stdcall*)", "(*)")  # there is no such thing in 64-bit
     return re.sub(r", std::allocator<[^<>]*> >", ">", name)
 
 
 def exported_names(library, tool, cxxfilt):
     mangled = mangled_names(library, tool)
     names = output_of(cxxfilt, input="\n".join(mangled)).splitlines()
-    return sorted({readable(name) for name in names if is_ours(name)})
+    return sorted({name for name in map(readable, names) if is_ours(name)})
 
 
 def without_sizes(name):

@@ -1,0 +1,21 @@
+#include "ui/placement.h"
+
+#include <gmock/gmock.h>
+
+using testing::ElementsAre;
+
+TEST(Placement, CentresWithHalvesCutTowardsZero)
+{
+    EXPECT_EQ(50, qx::CentredStart(200, 100));
+    EXPECT_EQ(49, qx::CentredStart(199, 100));
+    EXPECT_EQ(0, qx::CentredStart(100, 101));
+    EXPECT_EQ(-50, qx::CentredStart(100, 200));
+    EXPECT_EQ(-49, qx::CentredStart(100, 199));
+}
+
+TEST(Placement, SetsButtonsFromTheRight)
+{
+    EXPECT_THAT(qx::FromTheRight(400, 6, std::vector<int>{80, 75, 60}), ElementsAre(320, 239, 173));
+    EXPECT_THAT(qx::FromTheRight(50, 0, std::vector<int>{80}), ElementsAre(-30));
+    EXPECT_THAT(qx::FromTheRight(50, 6, {}), ElementsAre());
+}
