@@ -3,7 +3,7 @@
 // Paths are NUL-terminated 8-bit texts: in the process's ANSI code page on Windows, as the file
 // system has them elsewhere. A null or empty path names nothing and every function fails on it.
 // Sizes and offsets are 64-bit in every build. Nothing here shows a message or throws (but for
-// memory); system error codes are not passed on.
+// memory); system error codes are not passed on, but where a function says so.
 #pragma once
 
 #include <cstddef>
@@ -32,6 +32,9 @@ class File {
   public:
     File() = default;
     File(const char* path, FileMode mode);  // check with operator bool
+    // Also tells why a file did not open: 0 when it did, otherwise the system's error code, of
+    // GetLastError on Windows, of errno elsewhere. For an interface that hands it on as a number.
+    File(const char* path, FileMode mode, std::uint32_t& systemError);
     File(File&& other) noexcept : m_handle(std::exchange(other.m_handle, kNone)) {}
     File& operator=(File&& other) noexcept
     {
@@ -78,6 +81,10 @@ bool MakeDirectory(const char* path);  // its parent must exist; false when it e
 // The entries of a folder, without "." and "..", sorted by the bytes of their names; nothing when
 // it cannot be read.
 std::optional<std::vector<DirectoryEntry>> ListDirectory(const char* path);
+// The names, without the folder, that a pattern finds: a path whose last part may have * for any
+// characters and ? for one; *.* finds all. On Windows as the system finds them and in its order,
+// with "." and ".."; elsewhere as ListDirectory does.
+std::vector<std::string> FindNames(const char* pattern);
 // A name in the folder of `path` that no file has at this moment, made from its name. To be opened
 // with FileMode::CreateNew, as another process may take the name.
 std::string TemporaryNameBeside(const char* path);
@@ -85,6 +92,9 @@ std::string TemporaryNameBeside(const char* path);
 // its new version of `path` into place. A process that is about to do so now finds that it cannot.
 void RemoveTemporariesBeside(const char* path);
 
+// The size of a file that the application opened itself: a HANDLE on Windows, a descriptor of open
+// elsewhere. Nothing on an error.
+std::optional<std::uint64_t> SizeOf(std::intptr_t handle);
 // Reads up to `size` bytes at an absolute offset from a file that the application opened itself: a
 // handle of _lopen on Windows, a descriptor of open elsewhere. The number of bytes read, fewer at
 // the end of the file only; nothing on an error. The file's position is then behind those bytes.

@@ -3,6 +3,7 @@
 
 #include "doubles/in_force.h"
 #include "platform/files.h"
+#include "platform/name_pattern.h"
 #include "platform/path_text.h"
 
 #include <algorithm>
@@ -105,6 +106,12 @@ namespace qx::platform {
 
 File::File(const char* path, FileMode mode) : m_handle(test::Open(path ? path : "", mode)) {}
 
+// Every error is number 2.
+File::File(const char* path, FileMode mode, std::uint32_t& systemError) : File(path, mode)
+{
+    systemError = *this ? 0 : 2;
+}
+
 std::optional<std::size_t> File::Read(void* buffer, std::size_t size)
 {
     auto* file = test::OpenedFile(m_handle);
@@ -143,10 +150,15 @@ bool File::Seek(std::uint64_t offset)
     return file;
 }
 
+std::optional<std::uint64_t> SizeOf(std::intptr_t handle)
+{
+    const auto* file = test::OpenedFile(handle);
+    return file ? std::optional<std::uint64_t>(file->contents->size()) : std::nullopt;
+}
+
 std::optional<std::uint64_t> File::Size() const
 {
-    const auto* file = test::OpenedFile(m_handle);
-    return file ? std::optional<std::uint64_t>(file->contents->size()) : std::nullopt;
+    return SizeOf(m_handle);
 }
 
 bool File::Flush()
@@ -176,6 +188,19 @@ std::optional<std::vector<DirectoryEntry>> ListDirectory(const char* path)
     if (entries.empty() && folder != "." && !test::Disk().folders.contains(folder))
         return std::nullopt;
     return entries;
+}
+
+std::vector<std::string> FindNames(const char* pattern)
+{
+    const std::string path = pattern ? pattern : "";
+    const std::string folder(FolderPart(path));
+    std::vector<std::string> names;
+    for (const DirectoryEntry& entry : ListDirectory(folder.empty() ? "." : folder.c_str())
+                                           .value_or(std::vector<DirectoryEntry>())) {
+        if (MatchesPattern(entry.name, path.substr(folder.size())))
+            names.push_back(entry.name);
+    }
+    return names;
 }
 
 bool DirectoryExists(const char* path)

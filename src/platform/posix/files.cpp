@@ -1,6 +1,7 @@
 #define _FILE_OFFSET_BITS 64  // large files in 32-bit builds too
 #include "platform/files.h"
 
+#include "platform/name_pattern.h"
 #include "platform/path_text.h"
 
 #include <algorithm>
@@ -60,8 +61,16 @@ static int Descriptor(std::intptr_t handle)
 
 File::File(const char* path, FileMode mode) : m_handle(Open(path, OpenFlags(mode)))
 {
-    if (*this && IsDirectory(Descriptor(m_handle)))
+    if (*this && IsDirectory(Descriptor(m_handle))) {
         Close();
+        errno = EISDIR;
+    }
+}
+
+File::File(const char* path, FileMode mode, std::uint32_t& systemError)
+    : File(path ? path : "", mode)
+{
+    systemError = *this ? 0 : static_cast<std::uint32_t>(errno);
 }
 
 static std::optional<std::size_t> ReadAll(int descriptor, void* buffer, std::size_t size)
@@ -112,12 +121,17 @@ bool File::Seek(std::uint64_t offset)
     return *this && SeekTo(Descriptor(m_handle), offset);
 }
 
-std::optional<std::uint64_t> File::Size() const
+std::optional<std::uint64_t> SizeOf(std::intptr_t handle)
 {
     struct stat status;
-    if (!*this || ::fstat(Descriptor(m_handle), &status) != 0)
+    if (::fstat(Descriptor(handle), &status) != 0)
         return std::nullopt;
     return static_cast<std::uint64_t>(status.st_size);
+}
+
+std::optional<std::uint64_t> File::Size() const
+{
+    return *this ? SizeOf(m_handle) : std::nullopt;
 }
 
 // Devices and pipes, which have no disk to wait for, say EINVAL or EROFS.
@@ -237,6 +251,19 @@ std::optional<std::vector<DirectoryEntry>> ListDirectory(const char* path)
     std::sort(entries.begin(), entries.end(),
               [](const auto& a, const auto& b) { return a.name < b.name; });
     return entries;
+}
+
+std::vector<std::string> FindNames(const char* pattern)
+{
+    const std::string_view path = pattern ? pattern : "";
+    const std::string folder(FolderPart(path));
+    std::vector<std::string> names;
+    for (DirectoryEntry& entry : ListDirectory(folder.empty() ? "." : folder.c_str())
+                                     .value_or(std::vector<DirectoryEntry>())) {
+        if (MatchesPattern(entry.name, path.substr(folder.size())))
+            names.push_back(std::move(entry.name));
+    }
+    return names;
 }
 
 std::optional<std::size_t> ReadFrom(int handle, std::uint64_t offset, void* buffer,

@@ -48,6 +48,12 @@ File::File(const char* path, FileMode mode)
 {
 }
 
+File::File(const char* path, FileMode mode, std::uint32_t& systemError)
+    : File(path ? path : "", mode)
+{
+    systemError = *this ? 0 : ::GetLastError();
+}
+
 // One call transfers at most this much; a multiple of every block size.
 static constexpr std::size_t kLargestPortion = std::size_t{1} << 30;
 
@@ -113,12 +119,17 @@ bool File::Seek(std::uint64_t offset)
     return *this && SeekTo(Handle(m_handle), offset);
 }
 
-std::optional<std::uint64_t> File::Size() const
+std::optional<std::uint64_t> SizeOf(std::intptr_t handle)
 {
     LARGE_INTEGER size;
-    if (!*this || !::GetFileSizeEx(Handle(m_handle), &size))
+    if (!::GetFileSizeEx(Handle(handle), &size))
         return std::nullopt;
     return static_cast<std::uint64_t>(size.QuadPart);
+}
+
+std::optional<std::uint64_t> File::Size() const
+{
+    return *this ? SizeOf(m_handle) : std::nullopt;
 }
 
 bool File::Flush()
@@ -214,6 +225,19 @@ std::optional<std::vector<DirectoryEntry>> ListDirectory(const char* path)
     std::sort(entries.begin(), entries.end(),
               [](const auto& a, const auto& b) { return a.name < b.name; });
     return entries;
+}
+
+std::vector<std::string> FindNames(const char* pattern)
+{
+    std::vector<std::string> names;
+    WIN32_FIND_DATAA data;
+    const win32::FindHandle find(::FindFirstFileA(pattern ? pattern : "", &data));
+    if (find) {
+        do
+            names.emplace_back(data.cFileName);
+        while (::FindNextFileA(find.get(), &data));
+    }
+    return names;
 }
 
 std::optional<std::size_t> ReadFrom(int handle, std::uint64_t offset, void* buffer,
