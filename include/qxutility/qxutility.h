@@ -17,6 +17,7 @@
 #include <qxutility/env/first_run.h>
 #include <qxutility/env/worker_thread.h>
 #include <qxutility/formats/compression.h>
+#include <qxutility/formats/crc.h>
 #include <qxutility/formats/log_file.h>
 #include <qxutility/formats/text_file.h>
 #include <qxutility/host.h>
