@@ -28,7 +28,8 @@ packages[wine32]="wine32:i386 libxcomposite1:i386 libxcursor1:i386 libxfixes3:i3
     libxinerama1:i386 libxrandr2:i386 libxrender1:i386 libxxf86vm1:i386 libcups2:i386"
 
 # The peers that the benchmarks measure against.
-packages[bench]="libicu-dev icu-devtools gettext libsimpleini-dev libpugixml-dev librapidxml-dev"
+packages[bench]="libicu-dev icu-devtools gettext libsimpleini-dev libpugixml-dev librapidxml-dev
+    libdeflate-dev"
 
 # The fuzz targets: a compiler with libFuzzer and sanitizers.
 packages[fuzz]="libicu-dev clang libclang-rt-dev"
