@@ -1,4 +1,6 @@
+#include "formats/chain_search.h"
 #include "formats/oracle/plain_compression.h"
+#include "formats/suffix_search.h"
 
 #include <qxutility/formats/compression.h>
 
@@ -10,8 +12,11 @@
 #include <vector>
 
 using namespace std::string_literals;
+using qx::ChainSearch;
+using qx::Match;
+using qx::SuffixSearch;
 using qx::test::PlainCompress;
-using qx::test::PlainUncompress;
+using qx::test::PlainRestored;
 using Fault = Compression::Fault;
 
 namespace {
@@ -159,6 +164,44 @@ TEST(Compress, FindsWhatTheExhaustiveSearchFindsInLongTexts)
     ExpectAsDescribed(mixed + mixed);
 }
 
+// At every place, also those that a text's tokens skip.
+TEST(Compress, SearchesFindTheSameAtEveryPlace)
+{
+    Random random(4);
+    for (int i = 0; i < 3000; ++i) {
+        const std::size_t size = 1 + random() % 250;
+        const std::string text = i % 3 == 0   ? Runs(random, size)
+                                 : i % 3 == 1 ? Noise(random, size, 1 + Below(4, random))
+                                              : Echoes(random, size, 2, 100);
+        const auto suffixes = SuffixSearch::Make(text);
+        ChainSearch<std::uint16_t> chains(text, 1000000);
+        for (std::uint32_t place = 0; place + 4 <= size; ++place) {
+            Match byChains;
+            ASSERT_TRUE(chains.Longest(place, byChains));
+            const Match bySuffixes = suffixes->Longest(place);
+            ASSERT_EQ(bySuffixes.length, byChains.length) << text << " at " << place;
+            ASSERT_EQ(bySuffixes.distance, byChains.distance) << text << " at " << place;
+        }
+    }
+}
+
+TEST(Compress, GivesUpOnChainsAfterTheAllowedSteps)
+{
+    const std::string text(1000, 'x');
+    ChainSearch<std::uint16_t> chains(text, 100);
+    Match match;
+    EXPECT_TRUE(chains.Longest(20, match));
+    EXPECT_FALSE(chains.Longest(400, match));
+}
+
+// From here on only the order of suffixes is used.
+TEST(Compress, FindsWhatTheExhaustiveSearchFindsInLargeTexts)
+{
+    Random random(5);
+    ExpectAsDescribed(Prose(random, 300000));
+    ExpectAsDescribed(Echoes(random, 270000, 20, 5000));
+}
+
 TEST(Uncompress, ReturnsTheTextUpToItsFirstNul)
 {
     static const std::tuple<std::string, std::string> kCases[] = {
@@ -181,7 +224,7 @@ TEST(Uncompress, CopiesByteByByteWithinWhatItWrites)
         for (unsigned length = 4; length < 128; ++length) {
             const std::string compressed =
                 "!" + start + '!' + static_cast<char>(length) + static_cast<char>(distance) + "end";
-            ASSERT_EQ(Compression::Uncompress(compressed), PlainUncompress(compressed))
+            ASSERT_EQ(Compression::Uncompress(compressed), PlainRestored(compressed, 1000).text)
                 << length << " bytes from " << distance << " back";
         }
     }
@@ -245,20 +288,19 @@ TEST(Uncompress, RestoresIntoItsOwnInput)
     EXPECT_EQ(text, "ababab");
 }
 
-TEST(Uncompress, GivesADefinedResultForAnyBytes)
+TEST(Uncompress, RestoresAnyBytesAsThePlainReaderDoes)
 {
     Random random(3);
-    for (int i = 0; i < 20000; ++i) {
-        std::string bytes = Compression::Compress(Echoes(random, random() % 400, 3, 50));
+    for (int i = 0; i < 30000; ++i) {
+        std::string bytes = Compression::Compress(Echoes(random, random() % 900, 3 + i % 80, 60));
         for (std::size_t times = random() % 4; times > 0 && !bytes.empty(); --times)
             bytes[random() % bytes.size()] = static_cast<char>(random());
         bytes.resize(bytes.size() - (bytes.empty() ? 0 : random() % bytes.size()));
-        std::string all, again;
-        const Fault fault = Compression::Uncompress(bytes, all, 5000);
-        ASSERT_LE(all.size(), 5000u);
-        // What stands before the fault is a prefix of the same text with a wider limit.
-        ASSERT_TRUE(Compression::Uncompress(bytes, again, 100000) == fault ||
-                    fault == Fault::TooLong);
-        ASSERT_EQ(again.compare(0, all.size(), all), 0) << testing::PrintToString(bytes);
+        const std::size_t limit = random() % 2 ? 5000 : random() % 900;
+        const PlainRestored plain(bytes, limit);
+        std::string text;
+        ASSERT_EQ(Compression::Uncompress(bytes, text, limit), plain.fault)
+            << testing::PrintToString(bytes) << " limit " << limit;
+        ASSERT_EQ(text, plain.text) << testing::PrintToString(bytes) << " limit " << limit;
     }
 }

@@ -2,6 +2,8 @@
 // real ones are compared with.
 #pragma once
 
+#include <qxutility/formats/compression.h>
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -86,35 +88,63 @@ inline std::string PlainCompress(const std::string& s)
     return out;
 }
 
-// Of well-formed input only.
-inline std::string PlainUncompress(const std::string& c)
-{
-    std::string out;
-    std::size_t i = 1;
-    const auto number = [&] {
-        std::uint32_t value = 0;
-        unsigned char byte = 0;
-        do {
-            byte = static_cast<unsigned char>(c[i++]);
-            value = value << 7 | (byte & 0x7F);
-        } while (byte & 0x80);
-        return value;
-    };
-    while (i < c.size()) {
-        const char byte = c[i++];
-        if (byte != c[0]) {
-            out += byte;
-        } else if (c[i] == '\0') {
-            out += byte;
-            ++i;
-        } else {
-            std::uint32_t length = number();
-            const std::uint32_t distance = number();
-            for (; length > 0; --length)
-                out += out[out.size() - distance];
-        }
+// Reads tokens until the first fault or the end; `text` has what was restored until then.
+struct PlainRestored {
+    explicit PlainRestored(const std::string& compressed, std::size_t most)
+        : in(compressed), limit(most)
+    {
+        for (at = 1; at < in.size() && fault == Fault::None;)
+            Token();
     }
-    return out;
-}
+
+    using Fault = Compression::Fault;
+    Fault fault = Fault::None;
+    std::string text;
+
+  private:
+    void Token()
+    {
+        const char byte = in[at++];
+        if (byte == in[0] && (at == in.size() || in[at] != '\0'))
+            return Match();
+        if (text.size() == limit)
+            return void(fault = Fault::TooLong);
+        text += byte;
+        at += byte == in[0];
+    }
+
+    void Match()
+    {
+        std::uint32_t length = Number();
+        const std::uint32_t distance = Number();
+        if (fault == Fault::None && (distance == 0 || distance > text.size()))
+            fault = Fault::BadDistance;
+        if (fault == Fault::None && length > limit - text.size())
+            fault = Fault::TooLong;
+        for (; fault == Fault::None && length > 0; --length)
+            text += text[text.size() - distance];
+    }
+
+    std::uint32_t Number()
+    {
+        std::uint64_t value = 0;
+        for (int groups = 0; groups < 5 && fault == Fault::None; ++groups) {
+            if (at == in.size())
+                return fault = Fault::Cut, 0;
+            const auto byte = static_cast<unsigned char>(in[at++]);
+            value = value << 7 | (byte & 0x7F);
+            if (value >> 32)
+                return fault = Fault::NumberTooLarge, 0;
+            if (byte < 0x80)
+                return static_cast<std::uint32_t>(value);
+        }
+        if (fault == Fault::None)
+            fault = Fault::NumberTooLarge;
+        return 0;
+    }
+
+    const std::string& in;
+    std::size_t at = 1, limit;
+};
 
 }  // namespace qx::test
