@@ -56,11 +56,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     if (size == 0)
         return 0;
     const std::string bytes(reinterpret_cast<const char*>(data) + 1, size - 1);
-    if (data[0] & 1) {
+    if (data[0] & 1)
         Uncompress(bytes, data[0] & 2 ? data[0] : 65536);
-    } else {
-        Compress(bytes);
+    else if (data[0] & 2)
         Search(bytes);
-    }
+    else
+        Compress(bytes);
     return 0;
 }

@@ -29,7 +29,7 @@ packages[wine32]="wine32:i386 libxcomposite1:i386 libxcursor1:i386 libxfixes3:i3
 
 # The peers that the benchmarks measure against.
 packages[bench]="libicu-dev icu-devtools gettext libsimpleini-dev libpugixml-dev librapidxml-dev
-    libdeflate-dev"
+    libdeflate-dev liblz4-dev zlib1g-dev libzstd-dev"
 
 # The fuzz targets: a compiler with libFuzzer and sanitizers.
 packages[fuzz]="libicu-dev clang libclang-rt-dev"
