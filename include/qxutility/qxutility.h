@@ -22,3 +22,4 @@
 #include <qxutility/formats/text_file.h>
 #include <qxutility/host.h>
 #include <qxutility/ui/dialog_fields.h>
+#include <qxutility/ui/window_layout.h>

@@ -37,6 +37,9 @@ struct SIZE {
 struct RECT {
     std::int32_t left, top, right, bottom;
 };
+struct MINMAXINFO {
+    POINT ptReserved, ptMaxSize, ptMaxPosition, ptMinTrackSize, ptMaxTrackSize;
+};
 
 // Longest path, terminator included, that fixed path buffers of the interface hold.
 inline constexpr int MAX_PATH = 260;
