@@ -7,6 +7,8 @@
 #include <qxutility/formats/crc.h>
 
 #include <cstring>
+#include <string>
+#include <vector>
 
 CCrc::CCrc() noexcept = default;
 CCrc::~CCrc() = default;

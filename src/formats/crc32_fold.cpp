@@ -210,7 +210,7 @@ constexpr auto kWideCarries = MakeWideCarries();
     return Remainder(_mm_srli_si128(sum, 4));
 }
 
-// Not less than kWideFrom bytes.
+// For kWideFrom bytes and more.
 [[QX_FOLD512]] std::uint32_t FoldWide(std::uint32_t reg, Bytes p, std::size_t size)
 {
     const Bytes end = p + size;
@@ -245,16 +245,19 @@ bool HasFolding128()
     return __builtin_cpu_supports("pclmul") && __builtin_cpu_supports("sse4.1");
 }
 
+// Without optimisation, wide values would live on the stack, which 64-bit Windows does not align
+// for them.
+#if defined(__OPTIMIZE__)
+static constexpr bool kIsOptimised = true;
+#else
+static constexpr bool kIsOptimised = false;
+#endif
+
 bool HasFolding512()
 {
-#if defined(__OPTIMIZE__)
-    return HasFolding128() && __builtin_cpu_supports("avx512f") &&
+    return kIsOptimised && HasFolding128() && __builtin_cpu_supports("avx512f") &&
            __builtin_cpu_supports("avx512vl") && __builtin_cpu_supports("avx512bw") &&
            __builtin_cpu_supports("vpclmulqdq");
-#else
-    return false;  // wide values would live on the stack, which 64-bit Windows does not align for
-                   // them
-#endif
 }
 
 [[QX_FOLD128]] std::uint32_t CrcByFolding128(std::uint32_t reg, const void* bytes, std::size_t size)

@@ -5,6 +5,7 @@
 
 #include <qxutility/formats/text_file.h>
 
+#include <algorithm>
 #include <charconv>
 
 namespace qx {

@@ -3,6 +3,7 @@
 
 #include "support/guarded_buffer.h"
 
+#include <algorithm>
 #include <cstring>
 #include <gtest/gtest.h>
 #include <random>

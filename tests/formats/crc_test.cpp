@@ -357,13 +357,13 @@ TEST_F(CrcTableTest, IsCheckedAsAlwaysHoweverDamaged)
                                                        {"b.dat", PlainCrc(std::string(5000, 'b'))}};
     ASSERT_TRUE(Build("a.dat,b.dat,c.dat,a.dat"));
     const std::string whole = Text();
-    static constexpr std::string_view kBytes("\t\r\n0123456789-+ ,abdt.\0\xFF", 26);
+    static constexpr char kBytes[] = "\t\r\n0123456789-+ ,abdt.\xFF";  // and NUL
     std::mt19937 random(1);
     for (int i = 0; i < 300; ++i) {
         std::string text = whole;
         for (auto damages = random() % 3 + 1; damages > 0; --damages) {
             const std::size_t at = random() % text.size();
-            text.replace(at, random() % 3, random() % 3, kBytes[random() % kBytes.size()]);
+            text.replace(at, random() % 3, random() % 3, kBytes[random() % sizeof kBytes]);
         }
         SetText(text);
         ASSERT_EQ(qx::test::PlainCheck(Table().c_str(), crcs), Check())
@@ -382,6 +382,13 @@ TEST_F(CrcTableTest, SurvivesLinesOfMegabytes)
     EXPECT_FALSE(Check());
     SetText("a.dat\t" + std::string(10'000'000, '9') + "\r\n1");
     EXPECT_FALSE(Check());
+}
+
+TEST_F(CrcTableTest, IsNotReadWhileItIsInUse)
+{
+    ASSERT_TRUE(Build("a.dat"));
+    const qx::platform::File user(Table().c_str(), qx::platform::FileMode::ReadShared);
+    EXPECT_EQ(!QX_WINDOWS, Check());
 }
 
 TEST_F(CrcTableTest, LargerThanAnyRealOneIsNotRead)

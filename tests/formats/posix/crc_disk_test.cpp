@@ -4,6 +4,10 @@
 #include <qxutility/formats/crc.h>
 
 #include <cerrno>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
