@@ -20,6 +20,7 @@
 #include <qxutility/formats/crc.h>
 #include <qxutility/formats/log_file.h>
 #include <qxutility/formats/text_file.h>
+#include <qxutility/formats/xml_document.h>
 #include <qxutility/host.h>
 #include <qxutility/ui/dialog_fields.h>
 #include <qxutility/ui/window_layout.h>
