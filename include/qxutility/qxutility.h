@@ -21,6 +21,7 @@
 #include <qxutility/formats/log_file.h>
 #include <qxutility/formats/text_file.h>
 #include <qxutility/formats/xml_document.h>
+#include <qxutility/formats/xml_writer.h>
 #include <qxutility/host.h>
 #include <qxutility/ui/dialog_fields.h>
 #include <qxutility/ui/window_layout.h>

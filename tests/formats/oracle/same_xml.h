@@ -38,14 +38,14 @@ class XmlComparison {
     template <typename Read>
     std::string Buffer(std::size_t length, Read read) const
     {
-        const auto buffer = std::make_unique<char[]>(m_size);
-        std::fill_n(buffer.get(), m_size, '~');
+        const auto buffer = std::make_unique_for_overwrite<char[]>(m_size);
+        buffer[0] = '~';
         read(buffer.get(), static_cast<int>(m_size));
         return {buffer.get(), length};
     }
 
     template <typename A, typename B>
-    void Equal(const std::string& what, const A& actual, const B& expected)
+    void Equal(const char* what, const A& actual, const B& expected)
     {
         if (!(actual == expected) && m_difference.empty())
             m_difference = what;
@@ -74,28 +74,28 @@ class XmlComparison {
         for (std::size_t i = 0; i < parent.children.size(); ++i)
             if (PlainXml::Name(*parent.children[i], 80) == name)
                 after = parent.children.size() - i - 1;
-        Equal("found " + name, actual.FindElement(name.c_str()) != nullptr, true);
+        Equal("found", actual.FindElement(name.c_str()) != nullptr, true);
         for (; after > 0; --after)
-            Equal("children after " + name, actual.NextElement() != nullptr, true);
-        Equal("last child after " + name, actual.NextElement() == nullptr, true);
+            Equal("children after", actual.NextElement() != nullptr, true);
+        Equal("last child after", actual.NextElement() == nullptr, true);
     }
 
     void CompareElement(XMLElement& actual, const PlainXml::Element& expected)
     {
         const std::string name = PlainXml::Name(expected, m_size);
         const std::string data = PlainXml::Data(expected, m_size);
-        Equal("name " + name,
+        Equal("name",
               Buffer(name.size() + 1, [&](char* to, int size) { actual.GetElementName(to, size); }),
               Cut(name));
         bool isFilled = false;
-        Equal("data of " + name,
+        Equal("data",
               Buffer(data.size() + 1,
                      [&](char* to, int size) { isFilled = actual.ReadData(to, size); }),
               Cut(data));
-        Equal("result of data of " + name, isFilled, !data.empty());
-        Equal("data length of " + name, actual.GetDataLength(),
+        Equal("result of data", isFilled, !data.empty());
+        Equal("data length", actual.GetDataLength(),
               static_cast<std::size_t>(expected.dataEnd - expected.dataStart));
-        Equal("length of " + name, actual.GetElementLength(),
+        Equal("length", actual.GetElementLength(),
               static_cast<std::size_t>(expected.elementEnd - expected.tagStart));
         CompareAttributes(actual, expected);
         CompareChildren(actual, expected);
@@ -107,7 +107,7 @@ class XmlComparison {
         for (std::size_t i = 0; i < attributes.size(); ++i) {
             const auto& [name, value] = attributes[i];
             const std::string copied = Copied(name);
-            Equal("name of attribute " + name,
+            Equal("name of attribute",
                   Buffer(copied.size(),
                          [&](char* to, int size) {
                              actual.ReadAttribute(static_cast<int>(i), to, size);
@@ -127,7 +127,7 @@ class XmlComparison {
         for (char& c : name)  // found in whatever case
             c = static_cast<char>(std::islower(static_cast<unsigned char>(c)) ? c - 32 : c);
         const std::string copied = Copied(value);
-        Equal("attribute " + name,
+        Equal("attribute",
               Buffer(copied.size(),
                      [&](char* to, int size) {
                          actual.ReadAttribute(name.c_str(), to, size, "missing");
