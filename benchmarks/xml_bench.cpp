@@ -35,8 +35,8 @@ std::string ToolbarFile(std::size_t size)
             text += "  <Button>\r\n    <iBitmap>" + std::to_string(random() % 100) +
                     "</iBitmap>\r\n    <idCommand>" + std::to_string(40000 + random() % 1000) +
                     "</idCommand>\r\n";
-            text += i % 5 == 0 ? "    <Style>dropdown</Style>\r\n  </Button>\r\n"
-                               : "  </Button>\r\n";
+            text +=
+                i % 5 == 0 ? "    <Style>dropdown</Style>\r\n  </Button>\r\n" : "  </Button>\r\n";
         }
         text += "</Toolbar>\r\n";
     }
@@ -47,9 +47,9 @@ constexpr int kAttributes = 12;
 
 std::string AttributeName(int index)
 {
-    static const char* const kNames[kAttributes] = {"ID",       "Name",     "Material", "Diameter",
+    static const char* const kNames[kAttributes] = {"ID",       "Name",      "Material", "Diameter",
                                                     "Length",   "Roughness", "From",     "To",
-                                                    "Pressure", "Flow",     "Velocity", "Comment"};
+                                                    "Pressure", "Flow",      "Velocity", "Comment"};
     return kNames[index];
 }
 
@@ -98,8 +98,7 @@ void CompareLoading(qx::bench::Table& table, const std::string& name, std::strin
     table.Compare(name, [&] { LoadOurs(text); },
                   {{"pugixml, in place", [&] { LoadPugixml(text, copy); }, Faster(goal)},
                    {"RapidXML, fastest", [&] { LoadRapidxml(text); }, Faster(1)},
-                   {"memcpy of the text",
-                    [&] {
+                   {"memcpy of the text", [&] {
                         std::memcpy(copy.data(), text.data(), text.size());
                         qx::bench::DoNotOptimize(copy.data());
                     }}});
