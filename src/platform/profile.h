@@ -1,8 +1,10 @@
 // Private profiles: text files of [section] lines with key=value lines below them. Names are
 // trimmed and compared without regard to the case of ASCII letters; the first section and the first
-// key of a name count. Lines that start with ';' are comments. On Windows these are the system's
-// own functions; elsewhere the same behaviour, where a file is replaced in one step, under a lock
-// that all writers take: neither a crash nor a second process loses a key.
+// key of a name count. Lines that start with ';' are comments. On Windows the system's own
+// functions read and change them, elsewhere ours with the same behaviour. A changed file takes the
+// place of the old one in one step, under a lock that all writers of this library take: neither a
+// crash nor a second process loses a key. (On Windows, a file that may be written to but not
+// replaced is changed in place.)
 //
 // A `path` without a folder means the Windows directory on Windows, the current folder elsewhere.
 #pragma once
@@ -37,7 +39,7 @@ struct ProfileEdit {
 
 // Makes the changes in their order; all lines that they do not concern stay as they are. The file
 // is created for a first value, its folder must exist. False when the file could not be written
-// (none of the changes was made then, where the file is replaced in one step) or `section` is null.
+// (none of the changes was made then, but for one changed in place) or `section` is null.
 bool EditProfile(std::span<const ProfileEdit> edits, const char* path);
 
 inline bool WriteProfileString(const char* section, const char* key, const char* value,

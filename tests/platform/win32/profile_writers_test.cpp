@@ -1,4 +1,4 @@
-// Several processes that write one INI file: the library's writers take turns.
+// Several processes that write one INI file: no setting is ever lost.
 #include "platform/profile.h"
 #include "support/temporary_folder.h"
 
@@ -63,19 +63,45 @@ TEST(ProfileWriters, AtOnceLoseNothing)
                 << prefix << i;
 }
 
-// What the file then holds is up to the system: Windows changes it in place, Wine writes it anew.
-TEST(ProfileWriters, KilledOneDoesNotKeepOthersWaiting)
+TEST(ProfileWriters, KilledOneLeavesTheOldOrTheNewFile)
 {
     const test::TemporaryFolder folder;
     const std::string path = folder.Path("p.ini");
-    for (unsigned i = 0; i < 10; ++i) {
+    const std::string tail = "[t]\r\nlong=" + std::string(200000, 'x') + "\r\n";
+    folder.Write("p.ini", "[s]\r\n" + tail);
+    for (unsigned i = 0; i < 40; ++i) {
         const HANDLE writer = StartWriter(path, "k");
-        ::Sleep(20 + 15 * i);
+        ::Sleep(60 + 5 * (i % 20));
         ::TerminateProcess(writer, 1);
         End(writer);
-        EXPECT_TRUE(WriteProfileString("s", "own", std::to_string(i).c_str(), path.c_str()));
-        EXPECT_EQ(ProfileValue("s", "own", "lost", 9, path.c_str()), std::to_string(i));
+        ASSERT_TRUE(folder.Read("p.ini").ends_with(tail)) << i;
+        ASSERT_TRUE(WriteProfileString("s", "own", std::to_string(i).c_str(), path.c_str()));
+        ASSERT_EQ(ProfileValue("s", "own", "lost", 9, path.c_str()), std::to_string(i));
     }
+    EXPECT_FALSE(std::filesystem::exists(path + ".new"));
+}
+
+TEST(ProfileWriters, FilesThatCannotBeReplacedAreWrittenInPlace)
+{
+    const test::TemporaryFolder folder;
+    const std::string path = folder.Write("p.ini", "[s]\r\nk=old\r\n");
+    const HANDLE open =
+        ::CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                      OPEN_EXISTING, 0, nullptr);
+    EXPECT_TRUE(WriteProfileString("s", "k", "new", path.c_str()));
+    ::CloseHandle(open);
+    EXPECT_EQ(folder.Read("p.ini"), "[s]\r\nk=new\r\n");
+    EXPECT_FALSE(std::filesystem::exists(path + ".new"));
+}
+
+TEST(ProfileWriters, ReadOnlyFilesAreRefused)
+{
+    const test::TemporaryFolder folder;
+    const std::string path = folder.Write("p.ini", "[s]\r\nk=old\r\n");
+    ::SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
+    EXPECT_FALSE(WriteProfileString("s", "k", "new", path.c_str()));
+    ::SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(folder.Read("p.ini"), "[s]\r\nk=old\r\n");
 }
 
 }  // namespace
