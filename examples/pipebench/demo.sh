@@ -103,8 +103,8 @@ moved() { locate; [ "$X,$Y" != "$1" ]; }
 
 declare -A dialog=([en]='Pipe data' [de]='Rohrdaten' [fr]='Données du tuyau')
 declare -A good=([en]=12.5 [de]=12,5 [fr]=12,5)
-declare -A label=([en]='Inside &diameter (mm):' [de]='Innen&durchmesser (mm):'
-    [fr]='&Diamètre intérieur (mm) :')
+declare -A label=([en]='Inside &diameter:' [de]='Innen&durchmesser:'
+    [fr]='&Diamètre intérieur :')
 declare -A flow=([en]='Pipe flow at a glance' [de]='Rohrströmung auf einen Blick'
     [fr]="L'écoulement en un coup d'œil")
 # What is typed on that page: into the field for the viscosity or for the flow.
@@ -256,6 +256,10 @@ options_came_back() {
     say "    it shows $(control 311 5), $(control 321 5), $(control 315 5), $(control 360 5)"
     screenshot fr-options
     close_dialog "${options[fr]}"
+    screenshot fr-us-window
+    open_flow_page fr
+    screenshot fr-us-flow
+    close_dialog "${flow[fr]}"
 }
 
 # ---- Sessions ------------------------------------------------------------------------------------

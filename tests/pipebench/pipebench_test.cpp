@@ -41,6 +41,8 @@ TEST(Entry, ReadsNumbersInTheUsersForm)
 
 TEST(Entry, IsRefusedWithItsFirstFault)
 {
+    CLanguage language;
+    language.SetLanguage(kGerman);
     QXUtility_SetLanguage(kGerman);
     struct Case {
         PipeEntry entry;
@@ -53,16 +55,16 @@ TEST(Entry, IsRefusedWithItsFirstFault)
         {{"  ", "1", "50", "1"}, Field::Name, IDS_NAME_MISSING, ""},
         {{"P-101", "x", "50", "1"}, Field::Name, IDS_NAME_TAKEN, "P-101"},
         {{"a", "x", "y", "1"}, Field::Length, IDS_NOT_A_NUMBER, "x"},
-        {{"a", "0,09", "50", "1"}, Field::Length, IDS_BAD_LENGTH, "0,09"},
-        {{"a", "10001", "50", "1"}, Field::Length, IDS_BAD_LENGTH, "10001"},
-        {{"a", "1e999", "50", "1"}, Field::Length, IDS_BAD_LENGTH, "1e999"},
-        {{"a", "1", "4,9", "1"}, Field::Diameter, IDS_BAD_DIAMETER, "4,9"},
-        {{"a", "1", "50", "-1"}, Field::Price, IDS_BAD_PRICE, "-1"},
+        {{"a", "0,09", "50", "1"}, Field::Length, IDS_OUT_OF_RANGE, "0,1 \226 10000 m"},
+        {{"a", "10001", "50", "1"}, Field::Length, IDS_OUT_OF_RANGE, "0,1 \226 10000 m"},
+        {{"a", "1e999", "50", "1"}, Field::Length, IDS_OUT_OF_RANGE, "0,1 \226 10000 m"},
+        {{"a", "1", "4,9", "1"}, Field::Diameter, IDS_OUT_OF_RANGE, "5 \226 2000 mm"},
+        {{"a", "1", "50", "-1"}, Field::Price, IDS_OUT_OF_RANGE, "0 \226 100000 / m"},
         {{"a", "1", "50", "%s"}, Field::Price, IDS_NOT_A_NUMBER, "%s"},
     };
     const std::vector<Pipe> others = {{.name = "P-101"}};
     for (const Case& c : cases) {
-        const auto checked = CheckEntry(c.entry, others);
+        const auto checked = CheckEntry(language, c.entry, DT_METRIC, {}, others);
         const auto* bad = std::get_if<BadEntry>(&checked);
         ASSERT_TRUE(bad) << c.entry.name << ' ' << c.entry.length;
         EXPECT_EQ(c.field, bad->field) << c.text;
@@ -78,13 +80,40 @@ TEST(Entry, ComesBackFromItsTextsUnchanged)
         language.SetLanguage(lcid);
         QXUtility_SetLanguage(lcid);
         for (const Pipe& pipe : SamplePipes()) {
-            const auto checked = CheckEntry(ToEntry(language, pipe), {});
-            ASSERT_TRUE(std::holds_alternative<Pipe>(checked)) << pipe.name << ' ' << lcid;
-            EXPECT_EQ(pipe.length, std::get<Pipe>(checked).length);
-            EXPECT_EQ(pipe.pricePerMetre, std::get<Pipe>(checked).pricePerMetre);
-            EXPECT_EQ(pipe.material, std::get<Pipe>(checked).material);
+            for (const DT_UNITS units : {DT_METRIC, DT_ENGLISH}) {
+                const auto checked =
+                    CheckEntry(language, ToEntry(language, pipe, units), units, pipe, {});
+                const auto* back = std::get_if<Pipe>(&checked);
+                ASSERT_TRUE(back) << pipe.name << ' ' << lcid;
+                EXPECT_EQ(pipe.length, back->length);
+                EXPECT_EQ(pipe.diameter, back->diameter);
+                EXPECT_EQ(pipe.pricePerMetre, back->pricePerMetre);
+                EXPECT_EQ(pipe.material, back->material);
+            }
         }
     }
+}
+
+TEST(Entry, IsReadInTheUsersUnits)
+{
+    QXUtility_SetLanguage(kEnglish);
+    const auto checked = CheckEntry({}, {"a", "32.8", "4", "10"}, DT_ENGLISH, {}, {});
+    const auto* pipe = std::get_if<Pipe>(&checked);
+    ASSERT_TRUE(pipe);
+    EXPECT_DOUBLE_EQ(10, pipe->length);
+    EXPECT_EQ(4 * 25.4, pipe->diameter);
+    EXPECT_DOUBLE_EQ(32.8, pipe->pricePerMetre) << "10 a foot";
+}
+
+TEST(Texts, ShowValuesInTheUsersUnits)
+{
+    CLanguage language;
+    language.SetLanguage(kGerman);
+    EXPECT_EQ("41,00", ValueText(language, Quantity::Length, 12.5, DT_ENGLISH, 2));
+    EXPECT_EQ("264,17", ValueText(language, Quantity::Volume, 1000, DT_ENGLISH, 2));
+    EXPECT_EQ("5,91", DiameterText(language, 150, DT_ENGLISH, 2));
+    EXPECT_EQ("150", DiameterText(language, 150, DT_METRIC, 2));
+    EXPECT_EQ("Length (ft)", WithUnit(language, "Length", Quantity::Length, DT_ENGLISH));
 }
 
 // The table stands beside the program; tests run in its folder.
@@ -98,10 +127,10 @@ TEST(Localisation, OffersTheLanguagesOfItsTableAndSpeaksThem)
         EXPECT_EQ(choice.lcid, localisation.Language().GetLanguage());
     }
     EXPECT_THAT(names, ElementsAre("English", "Deutsch", "Fran\347ais"));
-    EXPECT_EQ("Longueur (m)", Wording(localisation.Language(), "Length (m)"));
+    EXPECT_EQ("Longueur", Wording(localisation.Language(), "Length"));
     EXPECT_EQ("Tuyaux\240: 5", Sentence(kModule, IDS_PIPE_COUNT, "5"));
     EXPECT_FALSE(localisation.Use(0x0419)) << "Russian is not in the table";
-    EXPECT_EQ("Length (m)", Wording(localisation.Language(), "Length (m)"));
+    EXPECT_EQ("Length", Wording(localisation.Language(), "Length"));
 }
 
 TEST(Localisation, IsEnglishWithoutItsTable)
@@ -109,7 +138,7 @@ TEST(Localisation, IsEnglishWithoutItsTable)
     Localisation localisation(kModule, "no such table");
     localisation.Use(kGerman);
     EXPECT_THAT(localisation.Choices(), testing::IsEmpty());
-    EXPECT_EQ("Length (m)", Wording(localisation.Language(), "Length (m)"));
+    EXPECT_EQ("Length", Wording(localisation.Language(), "Length"));
 }
 
 TEST(Sketch, FillsItsCanvasFromLeftToRight)

@@ -67,11 +67,10 @@ static void FlowRow(const CLanguage& language, const char* wording, const std::s
 
 static void PrintPipes(const CLanguage& language, const std::vector<Pipe>& pipes)
 {
-    std::vector<std::string> headers;
-    for (const char* wording :
-         {"Name", "Material", "Length (m)", "Diameter (mm)", "Content (l)", "Price"})
-        headers.push_back(Wording(language, wording));
-    Row(headers);
+    Row({Wording(language, "Name"), Wording(language, "Material"),
+         WithUnit(language, "Length", Quantity::Length, DT_METRIC),
+         WithUnit(language, "Diameter", Quantity::Size, DT_METRIC),
+         WithUnit(language, "Content", Quantity::Volume, DT_METRIC), Wording(language, "Price")});
     for (const Pipe& pipe : pipes)
         Row({pipe.name, Wording(language, kMaterials[pipe.material]),
              NumberText(language, pipe.length, 2), NumberText(language, pipe.diameter, 0),
@@ -84,8 +83,8 @@ static void PrintTotals(const Localisation& localisation, const std::vector<Pipe
     const Totals totals = Sum(pipes);
     const std::pair<int, std::string> sentences[] = {
         {IDS_PIPE_COUNT, std::to_string(pipes.size())},
-        {IDS_TOTAL_LENGTH, NumberText(language, totals.length, 2)},
-        {IDS_TOTAL_CONTENT, NumberText(language, totals.content, 1)},
+        {IDS_TOTAL_LENGTH, NumberText(language, totals.length, 2) + " m"},
+        {IDS_TOTAL_CONTENT, NumberText(language, totals.content, 1) + " l"},
         {IDS_TOTAL_PRICE, MoneyText(language, totals.price, false)},
     };
     for (const auto& [id, value] : sentences)
@@ -95,7 +94,7 @@ static void PrintTotals(const Localisation& localisation, const std::vector<Pipe
 // Entries as a user would type them, each with a fault.
 static std::vector<PipeEntry> BadEntries(const CLanguage& language)
 {
-    const PipeEntry good = ToEntry(language, {"P-201", 0, 7.5, 80, 12.5});
+    const PipeEntry good = ToEntry(language, {"P-201", 0, 7.5, 80, 12.5}, DT_METRIC);
     std::vector<PipeEntry> entries(4, good);
     entries[0].length = "twelve";
     entries[1].diameter = "4" + std::string(1, language.Decimal()) + "9";
@@ -164,7 +163,7 @@ void RunConsole(const Localisation& localisation, const std::string& pumpCurve,
     PrintTotals(localisation, pipes);
     Line("");
     for (const PipeEntry& entry : BadEntries(language)) {
-        const auto checked = CheckEntry(entry, pipes);
+        const auto checked = CheckEntry(language, entry, DT_METRIC, {}, pipes);
         if (const auto* bad = std::get_if<BadEntry>(&checked))
             report(localisation, bad->fault);
     }

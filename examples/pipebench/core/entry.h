@@ -2,11 +2,11 @@
 #pragma once
 
 #include "core/fault.h"
+#include "core/number_field.h"
 #include "core/pipe.h"
 
 #include <qxutility/config/language.h>
 
-#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -25,14 +25,13 @@ struct BadEntry {
     Fault fault;
 };
 
-// A number in the form of the library's language ("12,5" where the decimal character is a comma);
-// nothing when the text holds anything else.
-std::optional<double> ReadNumber(const std::string& text);
-
-// The pipe, or the first field that cannot be taken. `others` are the pipes that already exist.
-std::variant<Pipe, BadEntry> CheckEntry(const PipeEntry& entry, const std::vector<Pipe>& others);
+// The pipe, or the first field that cannot be taken. `shown` is the pipe that the fields showed
+// first (see CheckField), `others` are the pipes that already exist.
+std::variant<Pipe, BadEntry> CheckEntry(const CLanguage& language, const PipeEntry& entry,
+                                        DT_UNITS units, const Pipe& shown,
+                                        const std::vector<Pipe>& others);
 
 // A pipe as its dialog shows it.
-PipeEntry ToEntry(const CLanguage& language, const Pipe& pipe);
+PipeEntry ToEntry(const CLanguage& language, const Pipe& pipe, DT_UNITS units);
 
 }  // namespace pipebench

@@ -1,6 +1,6 @@
 #include "core/settings.h"
 
-#include "core/entry.h"
+#include "core/number_field.h"
 #include "core/texts.h"
 #include "ids.h"
 

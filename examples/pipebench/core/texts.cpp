@@ -39,6 +39,23 @@ std::string ShortNumberText(const CLanguage& language, double value)
     return Localised(language, PlainNumberText(value));
 }
 
+std::string ValueText(const CLanguage& language, Quantity quantity, double metric, DT_UNITS units,
+                      int decimals)
+{
+    return NumberText(language, ToUser(quantity, metric, units), decimals);
+}
+
+std::string DiameterText(const CLanguage& language, double metric, DT_UNITS units, int decimals)
+{
+    return ValueText(language, Quantity::Size, metric, units, units == DT_METRIC ? 0 : decimals);
+}
+
+std::string WithUnit(const CLanguage& language, const char* wording, Quantity quantity,
+                     DT_UNITS units)
+{
+    return Wording(language, wording) + " (" + UnitName(quantity, units) + ")";
+}
+
 std::string MoneyText(const CLanguage& language, double value, bool keepDecimals)
 {
     std::array<char, 128> buffer{};
@@ -62,6 +79,14 @@ std::string Sentence(HINSTANCE module, int id, const std::string& argument)
 {
     std::array<char, 512> buffer{};
     return FormatString(module, id, buffer.data(), buffer.size(), argument.c_str());
+}
+
+std::string Trimmed(const std::string& text)
+{
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 }  // namespace pipebench

@@ -1,7 +1,7 @@
 #include "win32/curve_view.h"
 
-#include "core/flow/units.h"
 #include "core/texts.h"
+#include "core/units.h"
 #include "win32/gdi.h"
 
 #include <qxutility/core/numbers.h>
@@ -35,7 +35,6 @@ class CurveDrawing {
     void DrawNames() const;
     void Line(Pixel from, Pixel to, COLORREF colour) const;
     void Text(const RECT& place, const std::string& text, UINT alignment, COLORREF colour) const;
-    std::string AxisName(const char* wording, Quantity quantity) const;
 
     HDC m_dc;
     Area m_frame;
@@ -110,21 +109,16 @@ void CurveDrawing::DrawOperatingPoint(const CurvePlot& plot) const
               middle.y + radius + 1);
 }
 
-std::string CurveDrawing::AxisName(const char* wording, Quantity quantity) const
-{
-    return Wording(m_language, wording) + " (" + UnitName(quantity, m_units) + ")";
-}
-
 // The axes' names outside the frame, the curves' names in its upper right corner.
 void CurveDrawing::DrawNames() const
 {
     const int line = Scaled(16);
     const LONG left = m_frame.left, right = m_frame.right;
     Text({left - Scaled(30), m_frame.top - line - Scaled(6), right, m_frame.top - Scaled(6)},
-         AxisName("Head", Quantity::Length), DT_LEFT, kText);
+         WithUnit(m_language, "Head", Quantity::Length, m_units), DT_LEFT, kText);
     const LONG below = m_frame.bottom + Scaled(18);
-    Text({left, below, right, below + line}, AxisName("Flow rate", Quantity::Flow), DT_RIGHT,
-         kText);
+    Text({left, below, right, below + line},
+         WithUnit(m_language, "Flow rate", Quantity::Flow, m_units), DT_RIGHT, kText);
     const LONG top = m_frame.top - line - Scaled(6);
     Text({left, top, right, top + line}, Wording(m_language, "System"), DT_RIGHT, kPipe);
     const LONG end = right - Scaled(60);

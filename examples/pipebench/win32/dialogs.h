@@ -13,8 +13,8 @@
 namespace pipebench {
 
 // Edits a pipe; nothing when the user cancels. `others` are the pipes whose names are taken.
-std::optional<Pipe> EditPipe(HWND owner, const Localisation& localisation, const Pipe& pipe,
-                             const std::vector<Pipe>& others);
+std::optional<Pipe> EditPipe(HWND owner, const Localisation& localisation, DT_UNITS units,
+                             const Pipe& pipe, const std::vector<Pipe>& others);
 
 // The page "pipe flow at a glance" for a pipe; what was entered last is in `settings` afterwards.
 void ShowPipeFlow(HWND owner, const Localisation& localisation, const Pipe& pipe,

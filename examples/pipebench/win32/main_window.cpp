@@ -201,18 +201,28 @@ void MainWindow::ShowMenu()
 
 void MainWindow::ShowPipes()
 {
-    m_list.Show(m_localisation.Language(), m_pipes, m_settings.decimals);
+    m_list.Show(m_localisation.Language(), m_pipes, m_settings.units, m_settings.decimals);
     ShowSketch();
     ShowStatus();
 }
 
+std::string MainWindow::Value(Quantity quantity, double metric) const
+{
+    const DT_UNITS units = m_settings.units;
+    return ValueText(m_localisation.Language(), quantity, metric, units, m_settings.decimals) +
+           ' ' + UnitName(quantity, units);
+}
+
 void MainWindow::ShowSketch()
 {
-    const CLanguage& language = m_localisation.Language();
     SketchView::Content content{.pipes = &m_pipes, .labels = {}, .selected = m_list.Selected()};
-    for (const Pipe& pipe : m_pipes)
-        content.labels.push_back({"DN " + NumberText(language, pipe.diameter, 0),
-                                  NumberText(language, pipe.length, m_settings.decimals) + " m"});
+    for (const Pipe& pipe : m_pipes) {
+        const std::string size =
+            m_settings.units == DT_METRIC
+                ? "DN " + NumberText(m_localisation.Language(), pipe.diameter, 0)
+                : Value(Quantity::Size, pipe.diameter);
+        content.labels.push_back({size, Value(Quantity::Length, pipe.length)});
+    }
     m_sketch.Show(std::move(content));
 }
 
@@ -224,10 +234,8 @@ void MainWindow::ShowStatus()
     const HINSTANCE module = m_localisation.Module();
     const std::string texts[] = {
         Sentence(module, IDS_PIPE_COUNT, std::to_string(m_pipes.size())),
-        Sentence(module, IDS_TOTAL_LENGTH,
-                 NumberText(language, totals.length, m_settings.decimals)),
-        Sentence(module, IDS_TOTAL_CONTENT,
-                 NumberText(language, totals.content, m_settings.decimals)),
+        Sentence(module, IDS_TOTAL_LENGTH, Value(Quantity::Length, totals.length)),
+        Sentence(module, IDS_TOTAL_CONTENT, Value(Quantity::Volume, totals.content)),
         Sentence(module, IDS_TOTAL_PRICE, MoneyText(language, totals.price, false)),
         DateText(language, DATE_LONGDATE)};
     int ends[std::size(texts)];
@@ -263,7 +271,7 @@ void MainWindow::AddPipe()
 {
     const Pipe proposal{
         .name = FreeName(m_pipes), .length = 10, .diameter = 100, .pricePerMetre = 25.5};
-    const auto pipe = EditPipe(m_window, m_localisation, proposal, m_pipes);
+    const auto pipe = EditPipe(m_window, m_localisation, m_settings.units, proposal, m_pipes);
     if (!pipe)
         return;
     m_pipes.push_back(*pipe);
@@ -278,7 +286,7 @@ void MainWindow::EditSelected()
         return;
     std::vector<Pipe> others = m_pipes;
     others.erase(others.begin() + static_cast<std::ptrdiff_t>(*index));
-    const auto pipe = EditPipe(m_window, m_localisation, m_pipes[*index], others);
+    const auto pipe = EditPipe(m_window, m_localisation, m_settings.units, m_pipes[*index], others);
     if (!pipe)
         return;
     m_pipes[*index] = *pipe;
@@ -313,6 +321,7 @@ void MainWindow::ShowFlowOfSelected()
         return;
     ShowPipeFlow(m_window, m_localisation, m_pipes[*index], m_settings);
     Save(m_window, m_localisation, m_settings);
+    ShowPipes();  // the units may be others now
 }
 
 void MainWindow::Sort(SortKey key)

@@ -38,6 +38,8 @@ class MainWindow {
     void ShowPipes();
     void ShowSketch();
     void ShowStatus();
+    // A metric value with its unit, as the user has chosen to see values.
+    std::string Value(Quantity quantity, double metric) const;
 
     void UseLanguage(DWORD lcid);
     void ChangeOptions();

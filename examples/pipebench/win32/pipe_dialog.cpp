@@ -10,8 +10,9 @@ namespace {
 
 class PipeDialog : public ModalDialog {
   public:
-    PipeDialog(const Localisation& localisation, const Pipe& pipe, const std::vector<Pipe>& others)
-        : ModalDialog(localisation), m_pipe(pipe), m_others(others)
+    PipeDialog(const Localisation& localisation, DT_UNITS units, const Pipe& pipe,
+               const std::vector<Pipe>& others)
+        : ModalDialog(localisation), m_units(units), m_pipe(pipe), m_others(others)
     {
     }
     const Pipe& Edited() const { return m_pipe; }
@@ -24,6 +25,7 @@ class PipeDialog : public ModalDialog {
     PipeEntry Entry() const;
     void Refuse(const BadEntry& bad) const;
 
+    DT_UNITS m_units;
     Pipe m_pipe;
     const std::vector<Pipe>& m_others;
 };
@@ -46,11 +48,14 @@ int ControlOf(Field field)
 void PipeDialog::OnInit()
 {
     FillMaterials();
-    const PipeEntry entry = ToEntry(Language(), m_pipe);
+    const PipeEntry entry = ToEntry(Language(), m_pipe, m_units);
     SetItemText(Window(), IDC_NAME, entry.name);
     SetItemText(Window(), IDC_LENGTH, entry.length);
     SetItemText(Window(), IDC_DIAMETER, entry.diameter);
     SetItemText(Window(), IDC_PRICE, entry.price);
+    SetItemText(Window(), IDC_LENGTH_UNIT, UnitName(Quantity::Length, m_units));
+    SetItemText(Window(), IDC_DIAMETER_UNIT, UnitName(Quantity::Size, m_units));
+    SetItemText(Window(), IDC_PRICE_UNIT, UnitName(Quantity::PricePerLength, m_units));
     ::SendDlgItemMessageA(Window(), IDC_MATERIAL, CB_SETCURSEL, entry.material, 0);
 }
 
@@ -81,7 +86,7 @@ PipeEntry PipeDialog::Entry() const
 
 void PipeDialog::OnOk()
 {
-    const auto checked = CheckEntry(Entry(), m_others);
+    const auto checked = CheckEntry(Language(), Entry(), m_units, m_pipe, m_others);
     if (const auto* bad = std::get_if<BadEntry>(&checked))
         return Refuse(*bad);
     m_pipe = std::get<Pipe>(checked);
@@ -96,10 +101,10 @@ void PipeDialog::Refuse(const BadEntry& bad) const
 
 }  // namespace
 
-std::optional<Pipe> EditPipe(HWND owner, const Localisation& localisation, const Pipe& pipe,
-                             const std::vector<Pipe>& others)
+std::optional<Pipe> EditPipe(HWND owner, const Localisation& localisation, DT_UNITS units,
+                             const Pipe& pipe, const std::vector<Pipe>& others)
 {
-    PipeDialog dialog(localisation, pipe, others);
+    PipeDialog dialog(localisation, units, pipe, others);
     if (!dialog.Run(owner, IDD_PIPE))
         return {};
     return dialog.Edited();

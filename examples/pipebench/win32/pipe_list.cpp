@@ -13,11 +13,23 @@ namespace pipebench {
 struct Column {
     const char* wording;
     int alignment;
+    Quantity quantity = Quantity::Number;
 };
 static constexpr Column kColumns[] = {
-    {"Name", LVCFMT_LEFT},           {"Material", LVCFMT_LEFT},     {"Length (m)", LVCFMT_RIGHT},
-    {"Diameter (mm)", LVCFMT_RIGHT}, {"Content (l)", LVCFMT_RIGHT}, {"Price", LVCFMT_RIGHT},
+    {"Name", LVCFMT_LEFT},
+    {"Material", LVCFMT_LEFT},
+    {"Length", LVCFMT_RIGHT, Quantity::Length},
+    {"Diameter", LVCFMT_RIGHT, Quantity::Size},
+    {"Content", LVCFMT_RIGHT, Quantity::Volume},
+    {"Price", LVCFMT_RIGHT},
 };
+
+static std::string HeaderText(const CLanguage& language, const Column& column, DT_UNITS units)
+{
+    return column.quantity == Quantity::Number
+               ? Wording(language, column.wording)
+               : WithUnit(language, column.wording, column.quantity, units);
+}
 
 void PipeList::Create(HWND parent, int id)
 {
@@ -39,10 +51,10 @@ void PipeList::Create(HWND parent, int id)
     }
 }
 
-void PipeList::ShowHeaders(const CLanguage& language)
+void PipeList::ShowHeaders(const CLanguage& language, DT_UNITS units)
 {
     for (std::size_t i = 0; i < std::size(kColumns); ++i) {
-        std::string text = Wording(language, kColumns[i].wording);
+        std::string text = HeaderText(language, kColumns[i], units);
         LVCOLUMNA column{};
         column.mask = LVCF_TEXT | LVCF_FMT;
         column.fmt = kColumns[i].alignment;
@@ -51,13 +63,13 @@ void PipeList::ShowHeaders(const CLanguage& language)
     }
 }
 
-void PipeList::AddRow(const CLanguage& language, const Pipe& pipe, int decimals)
+void PipeList::AddRow(const CLanguage& language, const Pipe& pipe, DT_UNITS units, int decimals)
 {
     std::string cells[] = {pipe.name,
                            Wording(language, kMaterials[pipe.material]),
-                           NumberText(language, pipe.length, decimals),
-                           NumberText(language, pipe.diameter, 0),
-                           NumberText(language, Content(pipe), decimals),
+                           ValueText(language, Quantity::Length, pipe.length, units, decimals),
+                           DiameterText(language, pipe.diameter, units, decimals),
+                           ValueText(language, Quantity::Volume, Content(pipe), units, decimals),
                            MoneyText(language, Price(pipe), true)};
     LVITEMA item{};
     item.mask = LVIF_TEXT;
@@ -94,14 +106,15 @@ void PipeList::FitColumn(std::size_t index)
     ::SendMessageA(m_window, LVM_SETCOLUMNWIDTH, index, std::max(width + Scaled(28), Scaled(96)));
 }
 
-void PipeList::Show(const CLanguage& language, const std::vector<Pipe>& pipes, int decimals)
+void PipeList::Show(const CLanguage& language, const std::vector<Pipe>& pipes, DT_UNITS units,
+                    int decimals)
 {
     const auto selected = Selected();
     ::SendMessageA(m_window, WM_SETREDRAW, FALSE, 0);
     ::SendMessageA(m_window, LVM_DELETEALLITEMS, 0, 0);
-    ShowHeaders(language);
+    ShowHeaders(language, units);
     for (const Pipe& pipe : pipes)
-        AddRow(language, pipe, decimals);
+        AddRow(language, pipe, units, decimals);
     for (std::size_t i = 0; i < std::size(kColumns); ++i)
         FitColumn(i);
     ::SendMessageA(m_window, WM_SETREDRAW, TRUE, 0);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/pipe.h"
+#include "core/units.h"
 
 #include <qxutility/config/language.h>
 
@@ -18,14 +19,15 @@ class PipeList {
     HWND Window() const { return m_window; }
 
     // Replaces headers and rows; columns become as wide as their widest text.
-    void Show(const CLanguage& language, const std::vector<Pipe>& pipes, int decimals);
+    void Show(const CLanguage& language, const std::vector<Pipe>& pipes, DT_UNITS units,
+              int decimals);
     std::optional<std::size_t> Selected() const;
     void Select(std::size_t row);
 
   private:
-    void ShowHeaders(const CLanguage& language);
+    void ShowHeaders(const CLanguage& language, DT_UNITS units);
     void FitColumn(std::size_t index);
-    void AddRow(const CLanguage& language, const Pipe& pipe, int decimals);
+    void AddRow(const CLanguage& language, const Pipe& pipe, DT_UNITS units, int decimals);
 
     HWND m_window = nullptr;
 };

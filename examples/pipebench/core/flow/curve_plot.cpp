@@ -1,6 +1,6 @@
 #include "core/flow/curve_plot.h"
 
-#include "core/flow/units.h"
+#include "core/units.h"
 
 #include <qxutility/core/numbers.h>
 

@@ -1,10 +1,6 @@
 #include "core/flow/flow_entry.h"
 
-#include "core/entry.h"
-#include "core/texts.h"
 #include "ids.h"
-
-#include <qxutility/core/numbers.h>
 
 namespace pipebench {
 
@@ -14,41 +10,6 @@ static constexpr std::array<double, kMaterials.size()> kRoughness = {0.045, 0.01
 // A rougher wall is no wall any more: the formula for the friction ends there.
 static constexpr double kMostRelativeRoughness = 0.05;
 
-static std::string FieldText(const CLanguage& language, const FlowField& field,
-                             const FlowCase& flowCase, DT_UNITS units)
-{
-    const double value = ToUser(field.quantity, flowCase.*field.value, units);
-    return ShortNumberText(language, CleanDbl(value));
-}
-
-// The metric value of a field's text, whose number is `typed`.
-static double MetricValue(const CLanguage& language, const FlowField& field,
-                          const std::string& text, double typed, DT_UNITS units,
-                          const FlowCase& shown)
-{
-    const bool untouched = text == FieldText(language, field, shown, units);
-    return untouched ? shown.*field.value : FromUser(field.quantity, typed, units);
-}
-
-struct Range {
-    double least, most;
-};
-
-// Rounded, so that the bounds that a message shows may themselves be typed.
-static Range RangeOf(const FlowField& field, DT_UNITS units)
-{
-    return {Precision(ToUser(field.quantity, field.least, units), 4),
-            Precision(ToUser(field.quantity, field.most, units), 4)};
-}
-
-// "0.001 - 100000 m3/h"
-static std::string RangeText(const CLanguage& language, const FlowField& field, DT_UNITS units)
-{
-    const Range range = RangeOf(field, units);
-    return ShortNumberText(language, range.least) + " \226 " +
-           ShortNumberText(language, range.most) + " " + UnitName(field.quantity, units);
-}
-
 std::variant<FlowCase, BadFlowEntry> CheckFlowEntry(const CLanguage& language,
                                                     const FlowEntry& entry, DT_UNITS units,
                                                     const FlowCase& shown)
@@ -56,17 +17,12 @@ std::variant<FlowCase, BadFlowEntry> CheckFlowEntry(const CLanguage& language,
     FlowCase flowCase;
     for (std::size_t i = 0; i < entry.size(); ++i) {
         const FlowField& field = kFlowFields[i];
-        const Range range = RangeOf(field, units);
-        const auto typed = ReadNumber(entry[i]);
-        if (!typed)
-            return BadFlowEntry{i, {IDS_NOT_A_NUMBER, entry[i]}};
-        if (!(*typed >= range.least && *typed <= range.most))
-            return BadFlowEntry{i, {IDS_OUT_OF_RANGE, RangeText(language, field, units)}};
-        const double value = MetricValue(language, field, entry[i], *typed, units, shown);
-        if (field.value == &FlowCase::roughness &&
-            value > kMostRelativeRoughness * flowCase.diameter)
+        const auto value = CheckField(language, field, entry[i], units, shown.*field.value);
+        if (const auto* fault = std::get_if<Fault>(&value))
+            return BadFlowEntry{i, *fault};
+        flowCase.*field.value = std::get<double>(value);
+        if (flowCase.roughness > kMostRelativeRoughness * flowCase.diameter)
             return BadFlowEntry{i, {IDS_BAD_ROUGHNESS, entry[i]}};
-        flowCase.*field.value = value;
     }
     return flowCase;
 }
@@ -75,7 +31,7 @@ FlowEntry ToFlowEntry(const CLanguage& language, const FlowCase& flowCase, DT_UN
 {
     FlowEntry entry;
     for (std::size_t i = 0; i < entry.size(); ++i)
-        entry[i] = FieldText(language, kFlowFields[i], flowCase, units);
+        entry[i] = FieldText(language, kFlowFields[i], flowCase.*kFlowFields[i].value, units);
     return entry;
 }
 
@@ -84,11 +40,11 @@ FlowEntry ConvertEntry(const CLanguage& language, FlowEntry entry, DT_UNITS from
 {
     for (std::size_t i = 0; i < entry.size(); ++i) {
         const FlowField& field = kFlowFields[i];
-        const auto typed = ReadNumber(entry[i]);
-        if (!typed)
+        const auto value = TypedValue(language, field, entry[i], from, shown.*field.value);
+        if (!value)
             continue;
-        shown.*field.value = MetricValue(language, field, entry[i], *typed, from, shown);
-        entry[i] = FieldText(language, field, shown, to);
+        shown.*field.value = *value;
+        entry[i] = FieldText(language, field, *value, to);
     }
     return entry;
 }

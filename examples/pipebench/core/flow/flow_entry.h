@@ -3,7 +3,7 @@
 
 #include "core/fault.h"
 #include "core/flow/pipe_flow.h"
-#include "core/flow/units.h"
+#include "core/number_field.h"
 #include "core/pipe.h"
 
 #include <qxutility/config/language.h>
@@ -15,23 +15,21 @@
 namespace pipebench {
 
 // One field of the page: its label in English, its key in the INI file (null for what belongs to
-// the pipe and is not kept), and what it may hold, in metric units.
-struct FlowField {
+// the pipe and is not kept), and where its value is.
+struct FlowField : NumberField {
     const char* wording;
     const char* key;
-    Quantity quantity;
     double FlowCase::*value;
-    double least, most;
 };
 
 inline constexpr std::array<FlowField, 7> kFlowFields = {{
-    {"Flow:", "Flow", Quantity::Flow, &FlowCase::flow, 0.001, 100'000},
-    {"Bore:", nullptr, Quantity::Size, &FlowCase::diameter, 1, 10'000},
-    {"Length:", nullptr, Quantity::Length, &FlowCase::length, 0.01, 1'000'000},
-    {"Wall roughness:", nullptr, Quantity::Size, &FlowCase::roughness, 0, 50},
-    {"Lift:", "Lift", Quantity::Length, &FlowCase::lift, -5'000, 5'000},
-    {"Density:", "Density", Quantity::Density, &FlowCase::density, 0.01, 25'000},
-    {"Viscosity:", "Viscosity", Quantity::Viscosity, &FlowCase::viscosity, 0.001, 1'000'000},
+    {{Quantity::Flow, 0.001, 100'000}, "Flow:", "Flow", &FlowCase::flow},
+    {{Quantity::Size, 1, 10'000}, "Bore:", nullptr, &FlowCase::diameter},
+    {{Quantity::Length, 0.01, 1'000'000}, "Pipe length:", nullptr, &FlowCase::length},
+    {{Quantity::Size, 0, 50}, "Wall roughness:", nullptr, &FlowCase::roughness},
+    {{Quantity::Length, -5'000, 5'000}, "Lift:", "Lift", &FlowCase::lift},
+    {{Quantity::Density, 0.01, 25'000}, "Density:", "Density", &FlowCase::density},
+    {{Quantity::Viscosity, 0.001, 1'000'000}, "Viscosity:", "Viscosity", &FlowCase::viscosity},
 }};
 
 using FlowEntry = std::array<std::string, kFlowFields.size()>;
@@ -42,8 +40,7 @@ struct BadFlowEntry {
 };
 
 // The flow, or the first field that cannot be taken. Numbers are in the form of the library's
-// language; `language` is for those that the message quotes. A text that is still the one of
-// `shown` stands for that value with all its digits, so that nothing drifts when units change.
+// language. `shown` is the flow that the fields showed last, see CheckField.
 std::variant<FlowCase, BadFlowEntry> CheckFlowEntry(const CLanguage& language,
                                                     const FlowEntry& entry, DT_UNITS units,
                                                     const FlowCase& shown);
@@ -51,8 +48,8 @@ std::variant<FlowCase, BadFlowEntry> CheckFlowEntry(const CLanguage& language,
 // A flow as the page's fields show it.
 FlowEntry ToFlowEntry(const CLanguage& language, const FlowCase& flowCase, DT_UNITS units);
 
-// The same entry after a change of units; `shown` takes up its values. What is no number stays as
-// it was typed.
+// The same entry after a change of units; `shown` takes up its values. What is no number stays
+// as it was typed.
 FlowEntry ConvertEntry(const CLanguage& language, FlowEntry entry, DT_UNITS from, DT_UNITS to,
                        FlowCase& shown);
 

@@ -1,15 +1,15 @@
 #include "core/flow/flow_report.h"
 
-#include "core/flow/units.h"
 #include "core/texts.h"
+#include "core/units.h"
 #include "ids.h"
 
 #include <qxutility/core/numbers.h>
 
 namespace pipebench {
 
-static std::string ValueText(const CLanguage& language, Quantity quantity, double metric,
-                             DT_UNITS units)
+static std::string ValueWithUnit(const CLanguage& language, Quantity quantity, double metric,
+                                 DT_UNITS units)
 {
     const std::string unit = UnitName(quantity, units);
     const double value = Precision(ToUser(quantity, metric, units), 4);
@@ -20,7 +20,7 @@ std::array<std::string, kResults.size()> ResultTexts(const CLanguage& language,
                                                      const FlowResult& result, DT_UNITS units)
 {
     const auto text = [&](Quantity quantity, double value) {
-        return ValueText(language, quantity, value, units);
+        return ValueWithUnit(language, quantity, value, units);
     };
     return {text(Quantity::Velocity, result.velocity), text(Quantity::Number, result.reynolds),
             text(Quantity::Number, result.friction), text(Quantity::Pressure, result.pressureDrop),
@@ -33,8 +33,8 @@ std::string OperatingPointText(HINSTANCE module, const CLanguage& language,
     if (!point)
         return language.String(module, IDS_NO_OPERATING_POINT);
     return Sentence(module, IDS_OPERATING_POINT,
-                    ValueText(language, Quantity::Flow, point->flow, units) + ", " +
-                        ValueText(language, Quantity::Length, point->head, units));
+                    ValueWithUnit(language, Quantity::Flow, point->flow, units) + ", " +
+                        ValueWithUnit(language, Quantity::Length, point->head, units));
 }
 
 }  // namespace pipebench

@@ -1,6 +1,6 @@
 #include "core/flow/pump_curve.h"
 
-#include "core/flow/units.h"
+#include "core/units.h"
 #include "ids.h"
 
 #include <qxutility/config/table_reader.h>

@@ -1,11 +1,11 @@
-#include "core/flow/units.h"
+#include "core/units.h"
 
 namespace pipebench {
 
 // Metric and English, in the order of Quantity; \263 is a superscript 3 in code page 1252.
 static constexpr const char* kUnitNames[][2] = {
-    {"m\263/h", "gpm"}, {"mm", "in"},    {"m", "ft"},    {"kg/m\263", "lb/ft\263"},
-    {"mPa s", "cP"},    {"m/s", "ft/s"}, {"kPa", "psi"}, {"", ""},
+    {"m\263/h", "gpm"}, {"mm", "in"},   {"m", "ft"},  {"kg/m\263", "lb/ft\263"}, {"mPa s", "cP"},
+    {"m/s", "ft/s"},    {"kPa", "psi"}, {"l", "gal"}, {"/ m", "/ ft"},           {"", ""},
 };
 
 static double CubicInch()  // in cubic metres
@@ -15,9 +15,9 @@ static double CubicInch()  // in cubic metres
 }
 
 // What the library has no conversion for follows from its inch.
-static double GallonPerMinute()  // US, in m3/h
+static double Gallon()  // US, in cubic metres
 {
-    return 231 * CubicInch() * 60;
+    return 231 * CubicInch();
 }
 
 static double PoundPerCubicFoot()  // in kg/m3
@@ -48,10 +48,14 @@ static double Convert(Quantity quantity, double value, DT_UNITS from, DT_UNITS t
         case Quantity::Pressure:
             return ConvertPressure(value, PressureUnit(from), PressureUnit(to));
         case Quantity::Flow:
-            return Scaled(value, GallonPerMinute(), from, to);
+            return Scaled(value, Gallon() * 60, from, to);
         case Quantity::Density:
             return Scaled(value, PoundPerCubicFoot(), from, to);
-        case Quantity::Viscosity:  // 1 mPa s is 1 cP
+        case Quantity::Volume:
+            return Scaled(value, Gallon() * 1000, from, to);
+        case Quantity::PricePerLength:
+            return ConvertLength(value, to, from);  // the longer the unit, the more it costs
+        case Quantity::Viscosity:                   // 1 mPa s is 1 cP
         case Quantity::Number:
             break;
     }

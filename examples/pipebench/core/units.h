@@ -5,7 +5,18 @@
 
 namespace pipebench {
 
-enum class Quantity { Flow, Size, Length, Density, Viscosity, Velocity, Pressure, Number };
+enum class Quantity {
+    Flow,
+    Size,
+    Length,
+    Density,
+    Viscosity,
+    Velocity,
+    Pressure,
+    Volume,
+    PricePerLength,
+    Number
+};
 
 // A metric value in the user's units, and back.
 double ToUser(Quantity quantity, double metric, DT_UNITS units);
