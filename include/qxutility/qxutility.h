@@ -24,4 +24,5 @@
 #include <qxutility/formats/xml_writer.h>
 #include <qxutility/host.h>
 #include <qxutility/ui/dialog_fields.h>
+#include <qxutility/ui/warning_list.h>
 #include <qxutility/ui/window_layout.h>

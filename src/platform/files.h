@@ -18,12 +18,13 @@ namespace qx::platform {
 
 // What others may do meanwhile is enforced on Windows only.
 enum class FileMode {
-    Read,           // existing file; others may read
-    ReadShared,     // existing file; others may read and write, a log that is being written say
-    ReadExclusive,  // existing file; nobody else may open it
-    Create,         // new or emptied file, for writing; others may write
-    CreateNew,      // new file, for writing; fails when there is one; others may read
-    Append,         // existing or new file, every write goes to its end; others may read and write
+    Read,             // existing file; others may read
+    ReadShared,       // existing file; others may read and write, a log that is being written say
+    ReadExclusive,    // existing file; nobody else may open it
+    Create,           // new or emptied file, for writing; others may write
+    CreateExclusive,  // new or emptied file, for writing; nobody else may open it
+    CreateNew,        // new file, for writing; fails when there is one; others may read
+    Append,           // existing or new, every write goes to its end; others may read and write
 };
 
 // An open file, closed by the destructor. Move-only; a moved-from file is not open. Folders cannot

@@ -1,6 +1,7 @@
 // Arithmetic of placing windows.
 #pragma once
 
+#include <algorithm>
 #include <span>
 #include <vector>
 
@@ -23,6 +24,14 @@ inline std::vector<int> FromTheRight(int right, int gap, std::span<const int> wi
         right = lefts.back() - gap;
     }
     return lefts;
+}
+
+// By how much a list box can be lower and still show its rows, of which it always has room for
+// four. Never negative: a list does not grow.
+constexpr int SpareHeight(int listHeight, int rows, int rowHeight, int edge)
+{
+    constexpr int kLeastRows = 4;
+    return std::max(listHeight - (rowHeight * std::max(rows, kLeastRows) + 2 * edge), 0);
 }
 
 }  // namespace qx

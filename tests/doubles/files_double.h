@@ -94,7 +94,7 @@ inline std::intptr_t Open(const std::string& path, platform::FileMode mode)
         return -1;
     if (!exists)
         disk.Put(path, "");
-    if (mode == platform::FileMode::Create)
+    if (mode == platform::FileMode::Create || mode == platform::FileMode::CreateExclusive)
         disk.files[path]->clear();
     disk.opened.push_back({path, disk.files[path], mode});
     return static_cast<std::intptr_t>(disk.opened.size()) - 1;

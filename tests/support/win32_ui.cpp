@@ -1,6 +1,7 @@
 #include "support/win32_ui.h"
 
 #include <cctype>
+#include <ostream>
 
 namespace qx::test {
 
@@ -287,6 +288,38 @@ std::string SharedMnemonics(const std::vector<std::string>& texts)
         (seen.find(key) == std::string::npos ? seen : shared) += key;
     }
     return shared;
+}
+
+static bool IsUserObject(UINT_PTR handle)
+{
+    if (::IsWindow(reinterpret_cast<HWND>(handle)) || ::IsMenu(reinterpret_cast<HMENU>(handle)))
+        return true;
+    ICONINFO icon;
+    if (!::GetIconInfo(reinterpret_cast<HICON>(handle), &icon))
+        return false;
+    ::DeleteObject(icon.hbmMask);
+    ::DeleteObject(icon.hbmColor);
+    return true;
+}
+
+ObjectCounts CountObjects()
+{
+    const HANDLE process = ::GetCurrentProcess();
+    ObjectCounts counts{static_cast<int>(::GetGuiResources(process, GR_GDIOBJECTS)),
+                        static_cast<int>(::GetGuiResources(process, GR_USEROBJECTS))};
+    if (counts.drawing != 0)
+        return counts;
+    // Wine keeps no count, but takes the low halves of handles for the whole.
+    for (UINT_PTR handle = 1; handle < 0x10000; ++handle) {
+        counts.drawing += ::GetObjectType(reinterpret_cast<HGDIOBJ>(handle)) != 0;
+        counts.user += IsUserObject(handle);
+    }
+    return counts;
+}
+
+std::ostream& operator<<(std::ostream& out, const ObjectCounts& counts)
+{
+    return out << counts.drawing << " drawing objects, " << counts.user << " user objects";
 }
 
 static void CALLBACK EndOpenMenu(HWND owner, UINT, UINT_PTR id, DWORD)

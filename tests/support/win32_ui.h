@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -74,6 +75,15 @@ std::vector<std::string> CutTexts(HWND dialog);
 std::string SharedMnemonics(const std::vector<std::string>& texts);
 // All visible and invisible children of a window and theirs.
 std::vector<HWND> ChildrenOf(HWND window);
+
+// What the process holds of the system's drawing objects, and of its windows, menus, cursors and
+// icons (under Wine: of all processes of the session). To be compared before and after.
+struct ObjectCounts {
+    int drawing, user;
+    bool operator==(const ObjectCounts&) const = default;
+};
+ObjectCounts CountObjects();
+std::ostream& operator<<(std::ostream& out, const ObjectCounts& counts);
 
 // Opens `menu` as a popup of `owner`, sends the keys to it and returns the command that was chosen;
 // 0 when none was.

@@ -31,6 +31,7 @@ static int OpenFlags(FileMode mode)
 {
     switch (mode) {
         case FileMode::Create:
+        case FileMode::CreateExclusive:
             return O_WRONLY | O_CREAT | O_TRUNC;
         case FileMode::CreateNew:
             return O_WRONLY | O_CREAT | O_EXCL;

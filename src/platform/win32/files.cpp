@@ -20,6 +20,8 @@ static OpenArguments ArgumentsOf(FileMode mode)
             return {GENERIC_READ, 0, OPEN_EXISTING};
         case FileMode::Create:
             return {GENERIC_WRITE, FILE_SHARE_WRITE, CREATE_ALWAYS};
+        case FileMode::CreateExclusive:
+            return {GENERIC_WRITE, 0, CREATE_ALWAYS};
         case FileMode::CreateNew:
             return {GENERIC_WRITE, FILE_SHARE_READ, CREATE_NEW};
         case FileMode::Append:
