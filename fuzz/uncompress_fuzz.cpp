@@ -43,6 +43,8 @@ void Search(const std::string& text)
     for (std::uint32_t place = 0; place + qx::kShortestMatch <= text.size(); ++place) {
         qx::Match one;
         chains.Longest(place, one);
+        if (one.length == qx::kShortestMatch && one.distance > qx::kFarthestFour)
+            one = {};  // no use to anyone
         const qx::Match other = suffixes->Longest(place);
         Require(one.length == other.length && one.distance == other.distance,
                 "both searches find the same");

@@ -41,7 +41,7 @@ bool Saves(const Match& match)
 {
     switch (match.length) {
         case 4:
-            return match.distance <= 127;
+            return match.distance <= kFarthestFour;
         case 5:
             return match.distance <= 16383;
         case 6:

@@ -6,6 +6,8 @@
 namespace qx {
 
 constexpr std::uint32_t kShortestMatch = 4;
+// A match of four bytes saves space up to this distance.
+constexpr std::uint32_t kFarthestFour = 127;
 
 // The longest prefix of the rest of a text that occurs wholly before it, at its latest occurrence.
 struct Match {

@@ -10,6 +10,13 @@ namespace qx {
 
 namespace {
 
+inline void Prefetch([[maybe_unused]] const void* address)
+{
+#if defined(__GNUC__)
+    __builtin_prefetch(address);
+#endif
+}
+
 constexpr int kBlockBits = 4;
 constexpr std::int32_t kBlock = 1 << kBlockBits;
 
@@ -98,26 +105,72 @@ std::unique_ptr<SuffixSearch> SuffixSearch::Make(std::string_view text)
 }
 
 SuffixSearch::SuffixSearch(std::string_view text, std::vector<std::int32_t> order)
-    : m_text(text), m_order(std::move(order)), m_rank(text.size()), m_earliest(m_order)
+    : m_text(text),
+      m_order(std::move(order)),
+      m_rank(text.size()),
+      m_common(text.size() + 1),
+      m_earliest(m_order)
 {
     for (std::size_t rank = 0; rank < m_order.size(); ++rank)
         m_rank[static_cast<std::size_t>(m_order[rank])] = static_cast<std::int32_t>(rank);
+    CompareNeighbours();
+}
+
+void SuffixSearch::CompareNeighbours()
+{
+    constexpr std::size_t kAhead = 16;
+    for (std::size_t rank = 1; rank < m_order.size(); ++rank) {
+        if (rank + kAhead < m_order.size())
+            Prefetch(&m_text[static_cast<std::size_t>(m_order[rank + kAhead])]);
+        const auto one = static_cast<std::size_t>(m_order[rank - 1]);
+        const auto other = static_cast<std::size_t>(m_order[rank]);
+        const std::size_t limit = std::min(m_text.size() - std::max(one, other), kManyCommon);
+        m_common[rank] = static_cast<std::uint8_t>(
+            CommonPrefix(&m_text[one], &m_text[other], static_cast<std::uint32_t>(limit)));
+    }
+}
+
+// The nearest suffix in one direction that begins before the place, if one is among the next ranks
+// and has some bytes in common: how many, and in `rank` where. 0 when there is none with that many.
+template <int Direction>
+std::uint32_t SuffixSearch::CommonNearby(std::uint32_t place, std::int32_t& rank) const
+{
+    constexpr int kNearby = 16;
+    std::uint32_t common = kManyCommon;
+    for (int steps = 0; steps < kNearby; ++steps) {
+        const std::int32_t next = rank + Direction;
+        common = std::min<std::uint32_t>(
+            common, m_common[static_cast<std::size_t>(Direction < 0 ? rank : next)]);
+        if (common < kShortestMatch)
+            return 0;
+        rank = next;
+        if (static_cast<std::uint32_t>(m_order[static_cast<std::size_t>(rank)]) < place)
+            return common;
+    }
+    return kManyCommon;  // perhaps
 }
 
 // Improves `length` by what stands on one side in the order; the further off, the less is in
 // common. A match ends before the place, so that one at a small distance may have to give way to
 // one further off.
-template <class Next>
-std::uint32_t SuffixSearch::LongestBeside(std::uint32_t place, std::uint32_t length,
-                                          Next next) const
+template <int Direction>
+std::uint32_t SuffixSearch::LongestBeside(std::uint32_t place, std::uint32_t length) const
 {
     const auto rest = static_cast<std::uint32_t>(m_text.size()) - place;
-    for (std::int32_t rank = m_rank[place];;) {
-        if (length >= place)
+    std::int32_t rank = m_rank[place];
+    std::int32_t nearby = rank;
+    const std::uint32_t most = CommonNearby<Direction>(place, nearby);
+    if (most < kManyCommon) {
+        if (most <= length)
             return length;
-        rank = next(rank, static_cast<std::int32_t>(place - length));
+        if (place - static_cast<std::uint32_t>(m_order[static_cast<std::size_t>(nearby)]) >= most)
+            return most;
+    }
+    while (length < place) {
+        const auto before = static_cast<std::int32_t>(place - length);
+        rank = Direction < 0 ? m_earliest.Below(rank, before) : m_earliest.Above(rank, before);
         if (rank < 0)
-            return length;
+            break;
         const auto earlier = static_cast<std::uint32_t>(m_order[static_cast<std::size_t>(rank)]);
         const std::uint32_t distance = place - earlier;
         const std::uint32_t common =
@@ -126,6 +179,7 @@ std::uint32_t SuffixSearch::LongestBeside(std::uint32_t place, std::uint32_t len
             return std::max(length, common);
         length = std::max(length, LongestInRun(place, distance));
     }
+    return length;
 }
 
 // The bytes before the place repeat after it with a period: the longest match that is a multiple of
@@ -142,19 +196,26 @@ std::uint32_t SuffixSearch::LongestInRun(std::uint32_t place, std::uint32_t peri
     return std::min(ahead, period * (1 + back / period));
 }
 
-// From a rank on in one direction, the last one whose suffix has `length` bytes in common with the
-// text at `place`.
-std::int32_t SuffixSearch::LastSharing(std::int32_t direction, std::uint32_t place,
-                                       std::uint32_t length) const
+// From the rank of a place on in one direction, the last one whose suffix has `length` bytes in
+// common with the text there.
+template <int Direction>
+std::int32_t SuffixSearch::LastSharing(std::uint32_t place, std::uint32_t length) const
 {
-    const auto shares = [&](std::int64_t rank) {
-        if (rank < 0 || rank >= static_cast<std::int64_t>(m_order.size()))
+    constexpr int kNearby = 32;
+    std::int64_t rank = m_rank[place];
+    for (int steps = 0; length <= kManyCommon && steps < kNearby; ++steps) {
+        if (m_common[static_cast<std::size_t>(Direction < 0 ? rank : rank + 1)] < length)
+            return static_cast<std::int32_t>(rank);
+        rank += Direction;
+    }
+    const auto shares = [&](std::int64_t other) {
+        if (other < 0 || other >= static_cast<std::int64_t>(m_order.size()))
             return false;
-        const auto other = static_cast<std::uint32_t>(m_order[static_cast<std::size_t>(rank)]);
-        return m_text.size() - other >= length &&
-               CommonPrefix(&m_text[other], &m_text[place], length) == length;
+        const auto start = static_cast<std::size_t>(m_order[static_cast<std::size_t>(other)]);
+        return m_text.size() - start >= length &&
+               CommonPrefix(&m_text[start], &m_text[place], length) == length;
     };
-    std::int64_t rank = m_rank[place], step = direction;
+    std::int64_t step = Direction;
     for (; shares(rank + step); step *= 2)
         rank += step;
     while ((step /= 2) != 0) {
@@ -185,18 +246,34 @@ std::uint32_t SuffixSearch::Latest(std::int32_t first, std::int32_t last, std::u
     }
 }
 
+// The nearest match of four bytes that saves space, if there is one.
+Match SuffixSearch::FourNearby(std::uint32_t place) const
+{
+    const std::uint32_t bytes = Load4(&m_text[place]);
+    for (std::uint32_t distance = 4; distance <= std::min(place, kFarthestFour); ++distance) {
+        if (Load4(&m_text[place - distance]) == bytes)
+            return {4, distance};
+    }
+    return {};
+}
+
 Match SuffixSearch::Longest(std::uint32_t place) const
 {
-    std::uint32_t length = LongestBeside(place, 0, [this](std::int32_t rank, std::int32_t before) {
-        return m_earliest.Below(rank, before);
-    });
-    length = LongestBeside(place, length, [this](std::int32_t rank, std::int32_t before) {
-        return m_earliest.Above(rank, before);
-    });
-    if (length < kShortestMatch)
-        return {};
+    // Where nothing is found, the next places are asked about next.
+    if (m_text.size() - place > 12) {
+        const auto rank = static_cast<std::size_t>(m_rank[place + 12]);
+        Prefetch(&m_common[rank]);
+        Prefetch(&m_order[rank]);
+    }
+    const auto rank = static_cast<std::size_t>(m_rank[place]);
+    const std::uint32_t most = std::max(m_common[rank], m_common[rank + 1]);
+    if (most <= kShortestMatch)
+        return most < kShortestMatch ? Match{} : FourNearby(place);
+    const std::uint32_t length = LongestBeside<+1>(place, LongestBeside<-1>(place, 0));
+    if (length <= kShortestMatch)
+        return length < kShortestMatch ? Match{} : FourNearby(place);
     const std::uint32_t latest =
-        Latest(LastSharing(-1, place, length), LastSharing(+1, place, length), place - length);
+        Latest(LastSharing<-1>(place, length), LastSharing<+1>(place, length), place - length);
     return {length, place - latest};
 }
 
