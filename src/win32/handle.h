@@ -31,6 +31,8 @@ class UniqueHandle {
     }
 
     Type get() const { return m_handle; }
+    // Leaves the handle to the caller.
+    Type Release() { return std::exchange(m_handle, Traits::None()); }
     explicit operator bool() const { return m_handle != Traits::None(); }
 
   private:

