@@ -63,6 +63,25 @@ consteval auto DecimalExponents()
 }
 inline constexpr auto kDecimalExponents = DecimalExponents();
 
+// 10^places as up / down, of which one is 1, for places from -kLastPower to kLastPower. Looked up,
+// as values on both sides of 1 would make the processor guess a branch wrong.
+struct Factors {
+    double up, down;
+};
+
+consteval auto AllFactors()
+{
+    std::array<Factors, 2 * kLastPower + 1> table{};
+    for (int power = 0; power <= kLastPower; ++power) {
+        table[static_cast<unsigned>(kLastPower + power)] = {
+            kPowersOfTen[static_cast<unsigned>(power)], 1};
+        table[static_cast<unsigned>(kLastPower - power)] = {
+            1, kPowersOfTen[static_cast<unsigned>(power)]};
+    }
+    return table;
+}
+inline constexpr auto kFactors = AllFactors();
+
 // A magnitude rounded to `digits` significant digits: number / 10^places, number having `digits`
 // digits or being the next power of ten.
 struct Significant {
@@ -90,8 +109,7 @@ inline Significant RoundSignificant(double magnitude, int digits, int leastPlace
     const int places = std::max(digits - 1 - exponent, leastPlaces);
     if (places > kLastPower)
         return {};
-    const double up = kPowersOfTen[static_cast<unsigned>(std::max(places, 0))];
-    const double down = kPowersOfTen[static_cast<unsigned>(std::max(-places, 0))];
+    const auto [up, down] = kFactors[static_cast<unsigned>(kLastPower + places)];
     const double scaled = magnitude * up / down;
     double number = RoundToInteger(scaled);
     if (std::fabs(scaled - number) == 0.5) [[unlikely]]
