@@ -1,4 +1,5 @@
 #include "doubles/files_double.h"
+#include "formats/random_xml.h"
 #include "support/guarded_buffer.h"
 
 #include <qxutility/formats/xml_document.h>
@@ -31,53 +32,6 @@ XMLWriter Written(int elements)
         writer.EndElement();
     }
     return writer;
-}
-
-// Writes a random tree, whose elements all have data or children, and describes it.
-std::string WriteRandom(XMLWriter& writer, std::mt19937& random, int depth)
-{
-    static const char* const kTexts[] = {"x", "<&>", "\"q'", " two words ", "&lt;", "a\r\nb", ""};
-    const auto text = [&] { return kTexts[random() % std::size(kTexts)]; };
-    const std::string name(1, static_cast<char>('a' + random() % 4));
-    std::string tree = name;
-    writer.BeginElement(name.c_str());
-    for (auto i = random() % 3; i > 0; --i) {
-        const char* const value = text();
-        writer.AddAttribute(("n" + std::to_string(i)).c_str(), value);
-        tree += " n" + std::to_string(i) + "=" + value;
-    }
-    if (depth == 0 || random() % 3 == 0) {
-        const char* const data = text();
-        writer.SetData(data);
-        tree += ":" + std::string(data);
-    } else {
-        for (auto i = 1 + random() % 4; i > 0; --i)
-            tree += "(" + WriteRandom(writer, random, depth - 1) + ")";
-    }
-    writer.EndElement();
-    return tree;
-}
-
-// The same description of what the reader makes of it.
-std::string Describe(XMLElement& element)
-{
-    char text[100];
-    element.GetElementName(text, sizeof text);
-    std::string tree = text;
-    for (int i = 0; element.ReadAttribute(i, text, sizeof text); ++i) {
-        tree += " " + std::string(text) + "=";
-        const std::string name = text;
-        EXPECT_TRUE(element.ReadAttribute(name.c_str(), text, sizeof text, "?"));
-        tree += text;
-    }
-    XMLElement* child = element.FirstElement();
-    if (!child) {
-        element.ReadData(text, sizeof text);
-        return tree + ":" + text;
-    }
-    for (; child; child = element.NextElement())
-        tree += "(" + Describe(*child) + ")";
-    return tree;
 }
 
 }  // namespace
@@ -212,10 +166,10 @@ TEST(XmlWriter, IsReadBackToTheSameTree)
     std::mt19937 random(1);
     for (int i = 0; i < 2000; ++i) {
         XMLWriter writer;
-        const std::string tree = WriteRandom(writer, random, 4);
+        const std::string tree = qx::test::WriteRandomXml(writer, random, 4);
         XMLDocument document;
         ASSERT_TRUE(document.UseData(TextOf(writer).c_str(), -1));
-        ASSERT_EQ(tree, Describe(*document.FirstElement())) << TextOf(writer);
+        ASSERT_EQ(tree, qx::test::DescribeXml(*document.FirstElement())) << TextOf(writer);
         ASSERT_EQ(xmlNoError, document.GetError());
     }
 }
