@@ -1,12 +1,14 @@
-// Loading XML texts, and reading attributes.
+// Loading XML texts from memory to a document that is ready for use, its destruction included, and
+// reading attributes.
 #include "support/bench.h"
 
 #include <qxutility/formats/xml_document.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <map>
-#include <memory>
+#include <iterator>
+#include <malloc.h>
 #include <pugixml.hpp>
 #include <random>
 #include <rapidxml/rapidxml.hpp>
@@ -104,6 +106,70 @@ void CompareLoading(qx::bench::Table& table, const std::string& name, std::strin
                     }}});
 }
 
+void ReadOurs(XMLDocument& document, const std::vector<std::string>& attributes)
+{
+    char value[80];
+    for (XMLElement* each = document.FirstElement(); each; each = document.NextElement())
+        for (const std::string& name : attributes)
+            each->ReadAttribute(name.c_str(), value, sizeof value, "");
+    qx::bench::DoNotOptimize(value);
+}
+
+template <typename Take>
+void ReadTheirs(const pugi::xml_document& document, const std::vector<std::string>& attributes,
+                Take take)
+{
+    for (pugi::xml_node each = document.first_child(); each; each = each.next_sibling())
+        for (const std::string& name : attributes)
+            take(each.attribute(name.c_str()).value());
+}
+
+// Reads all attributes of all elements by name. pugixml hands out its own text; ours is copied.
+void CompareReading(qx::bench::Table& table, const std::string& name, const std::string& text,
+                    const std::vector<std::string>& attributes)
+{
+    XMLDocument ours;
+    ours.UseData(text.data(), static_cast<int>(text.size()));
+    pugi::xml_document theirs;
+    theirs.load_buffer(text.data(), text.size(), pugi::parse_default | pugi::parse_fragment);
+    const auto elements = std::distance(theirs.begin(), theirs.end());
+    char copy[80];
+    const auto copied = [&copy](const char* value) {
+        std::memcpy(copy, value, std::min(std::strlen(value) + 1, sizeof copy));
+        qx::bench::DoNotOptimize(copy);
+    };
+    table.Compare(
+        name, [&] { ReadOurs(ours, attributes); },
+        {{"pugixml",
+          [&] {
+              ReadTheirs(theirs, attributes,
+                         [](const char* value) { qx::bench::DoNotOptimize(value); });
+          },
+          Faster(0.5)},
+         {"pugixml, copied", [&] { ReadTheirs(theirs, attributes, copied); }}},
+        static_cast<std::size_t>(elements) * attributes.size());
+}
+
+std::size_t Count(XMLElement& parent)
+{
+    std::size_t count = 0;
+    for (XMLElement* child = parent.FirstElement(); child; child = parent.NextElement())
+        count += 1 + Count(*child);
+    return count;
+}
+
+// What the heap holds for a loaded document beside its text.
+void PrintMemory(const char* name, const std::string& text)
+{
+    const auto used = [] { return ::mallinfo2().uordblks + ::mallinfo2().hblkhd; };
+    XMLDocument document;
+    const std::size_t before = used();
+    document.UseData(text.data(), static_cast<int>(text.size()));
+    const std::size_t taken = used() - before - text.size();
+    std::printf("%s: %.1f bytes for each of %zu elements beside the text, goal <= 80\n", name,
+                static_cast<double>(taken) / static_cast<double>(Count(document)), Count(document));
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -114,5 +180,16 @@ int main(int argc, char** argv)
         CompareLoading(table, std::string("attributes") + suffix, AttributeFile(size), 4);
         CompareLoading(table, std::string("toolbars") + suffix, ToolbarFile(size), 1.5);
     }
-    return table.Print();
+    const std::vector<std::string> ofToolbar = {"ID",       "Editable", "Name", "Hidden",
+                                                "UnDocked", "X",        "Y"};
+    std::vector<std::string> ofPipe;
+    for (int i = 0; i < kAttributes; ++i)
+        ofPipe.push_back(AttributeName(i));
+    CompareReading(table, "7 attributes by name", ToolbarFile(65536), ofToolbar);
+    CompareReading(table, "12 attributes by name", AttributeFile(65536), ofPipe);
+
+    const int result = table.Print();
+    PrintMemory("toolbars, 64 KiB", ToolbarFile(65536));
+    PrintMemory("toolbars, 8 MiB", ToolbarFile(std::size_t{8} << 20));
+    return result;
 }

@@ -3,35 +3,44 @@
 
 #include <qxutility/formats/xml_document.h>
 
+#include <cstddef>
 #include <string_view>
+#include <vector>
 
 namespace qx {
 
-// Steps through the attributes of a tag: name, '=', value in double quotes, with white space around
-// each of them where one likes.
+struct XmlAttribute {
+    std::string_view name;   // may be empty
+    std::string_view value;  // not decoded
+};
+
+// The attributes of the element that was asked last: name, '=', value in double quotes, with white
+// space around each of them where one likes. They are found as far as is needed and kept, because
+// applications ask one element for one attribute after the other.
 class XmlAttributes {
   public:
-    // `tag` is the text of the tag, kScanPadding bytes behind which may be read.
-    explicit XmlAttributes(std::string_view tag);
+    // Makes it those of a tag, kScanPadding bytes behind which may be read. Nothing happens when
+    // they are already.
+    void Use(std::string_view tag);
 
-    // Goes to the next attribute, the first one to begin with. False where no '=' follows what
-    // could be its name, and at an error.
-    bool Next();
-    std::string_view Name() const { return m_name; }    // may be empty
-    std::string_view Value() const { return m_value; }  // not decoded
-    // What ended the attributes; xmlNoError for their end.
+    // The first attribute of that name, in whatever case; null without one.
+    const XmlAttribute* Find(std::string_view name);
+    // The attribute at a position; null when there are fewer.
+    const XmlAttribute* At(std::size_t index);
+
+    // After null: what ended the attributes; xmlNoError where no '=' follows what could be a name.
     errorcode Error() const { return m_error; }
 
   private:
-    bool Fail(errorcode error)
-    {
-        m_error = error;
-        return false;
-    }
+    bool FindNext();
+    bool FindPlainNext();
+    bool End(errorcode error);
+    void Add(const char* name, const char* nameEnd, const char* value, const char* valueEnd);
 
-    const char* m_position;
-    const char* m_end;
-    std::string_view m_name, m_value;
+    std::string_view m_tag;
+    const char* m_position =
+        nullptr;  // where the next attribute is looked for; null after the last
+    std::vector<XmlAttribute> m_found;
     errorcode m_error = xmlNoError;
 };
 

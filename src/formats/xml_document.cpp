@@ -1,4 +1,5 @@
 #include "formats/xml_arena.h"
+#include "formats/xml_attributes.h"
 #include "formats/xml_parser.h"
 #include "formats/xml_scan.h"
 #include "platform/files.h"
@@ -10,7 +11,9 @@
 #include <limits>
 #include <optional>
 
-XMLDocument::XMLDocument() : XMLElement(this) {}
+XMLDocument::XMLDocument() : XMLElement(this), m_attributes(std::make_unique<qx::XmlAttributes>())
+{
+}
 XMLDocument::~XMLDocument() = default;
 
 void XMLDocument::Release()
@@ -20,6 +23,7 @@ void XMLDocument::Release()
     m_error = xmlNoError;
     Erase();
     m_arena.reset();
+    *m_attributes = {};
 }
 
 // A buffer for a text, which is ended already.

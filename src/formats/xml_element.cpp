@@ -58,9 +58,11 @@ class qx::XmlView {
         const char* const tag = At(element, element.m_tagStart);
         return NameInTag(tag, TagEnds(tag).name, longest);
     }
-    static std::string_view StartTag(const XMLElement& element)
+    static XmlAttributes& Attributes(const XMLElement& element)
     {
-        return {At(element, element.m_tagStart), element.m_dataStart - element.m_tagStart};
+        XmlAttributes& attributes = *element.m_document->m_attributes;
+        attributes.Use({At(element, element.m_tagStart), element.m_dataStart - element.m_tagStart});
+        return attributes;
     }
     // Up to a NUL, which only the data of a document can contain, and the length given.
     static std::string_view Data(const XMLElement& element, std::size_t longest)
@@ -120,30 +122,28 @@ void XMLElement::GetElementName(char* buffer, int size) const
 
 bool XMLElement::ReadAttribute(int index, char* buffer, int size) const
 {
-    qx::XmlAttributes attributes(XmlView::StartTag(*this));
-    for (int i = 0; i <= index; ++i)
-        if (!attributes.Next())
-            return XmlView::Report(*this, attributes.Error());
     if (index < 0)
         return false;
-    CopyResult(attributes.Name(), buffer, size);
+    qx::XmlAttributes& attributes = XmlView::Attributes(*this);
+    const qx::XmlAttribute* const found = attributes.At(static_cast<std::size_t>(index));
+    if (!found)
+        return XmlView::Report(*this, attributes.Error());
+    CopyResult(found->name, buffer, size);
     return true;
 }
 
 bool XMLElement::ReadAttribute(const char* name, char* buffer, int size,
                                const char* defaultValue) const
 {
-    const std::string_view wanted = name ? name : "";
-    qx::XmlAttributes attributes(XmlView::StartTag(*this));
-    while (attributes.Next()) {
-        if (!qx::SameName(attributes.Name(), wanted))
-            continue;
-        const std::size_t room = RoomOf(size);
-        EndResult(buffer, room, qx::XmlUnescape(attributes.Value(), buffer, room));
-        return true;
+    qx::XmlAttributes& attributes = XmlView::Attributes(*this);
+    const qx::XmlAttribute* const found = attributes.Find(name ? name : "");
+    if (!found) {
+        CopyResult(defaultValue ? defaultValue : "", buffer, size);
+        return XmlView::Report(*this, attributes.Error());
     }
-    CopyResult(defaultValue ? defaultValue : "", buffer, size);
-    return XmlView::Report(*this, attributes.Error());
+    const std::size_t room = RoomOf(size);
+    EndResult(buffer, room, qx::XmlUnescape(found->value, buffer, room));
+    return true;
 }
 
 bool XMLElement::ReadAttribute(const char* name, int& value, int defaultValue) const

@@ -341,6 +341,25 @@ TEST(XmlElement, ReadsAttributesByName)
         EXPECT_EQ(value, Attribute(text, name)) << text;
 }
 
+TEST(XmlElement, ReadsAttributesOfElementsInTurns)
+{
+    XMLDocument document;
+    char value[10];
+    for (const char* text : {"<a x=\"1\" y='2'/><b x=\"3\"/>", "<a x=\"4\" y='5'/><b x=\"6\"/>"}) {
+        document.UseData(text, -1);
+        std::string values;
+        for (int i = 0; i < 3; ++i) {
+            for (XMLElement* e = document.FirstElement(); e; e = document.NextElement()) {
+                EXPECT_FALSE(e->ReadAttribute("y", value, sizeof value, ""));
+                EXPECT_TRUE(e->ReadAttribute("X", value, sizeof value, ""));
+                values += value;
+            }
+        }
+        EXPECT_EQ(text[6] == '1' ? "131313" : "464646", values);
+        EXPECT_EQ(xmlUnquotedValue, document.GetError());
+    }
+}
+
 TEST(XmlElement, NamesAttributesByPosition)
 {
     Loaded document("<a one=\"1\" Two=\"2\" three='3'/>");

@@ -39,6 +39,7 @@ class XMLDocument;
 
 namespace qx {
 class XmlArena;
+class XmlAttributes;
 class XmlParser;
 class XmlView;
 }  // namespace qx
@@ -150,4 +151,5 @@ class QX_API XMLDocument : public XMLElement {
     bool m_isValid = false;
     errorcode m_error = xmlNoError;
     std::unique_ptr<qx::XmlArena> m_arena;
+    std::unique_ptr<qx::XmlAttributes> m_attributes;  // of the element that was asked last
 };
