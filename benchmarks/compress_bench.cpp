@@ -332,7 +332,7 @@ int main(int argc, char** argv)
     CompareRestore(restore, " of text", prose, 0.3);
     reached = restore.Print() == 0 && reached;
 
-    for (const std::size_t size : {64 * kKi, kMi, 16 * kMi})
+    for (const std::size_t size : {128 * kKi, 16 * kMi})
         reached = MeasureShapes(size) && reached;
     return reached ? 0 : 1;
 }

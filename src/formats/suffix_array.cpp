@@ -7,6 +7,8 @@
 // complemented.
 #include "formats/suffix_array.h"
 
+#include "formats/prefetch.h"
+
 #include <algorithm>
 #include <memory>
 #include <new>
@@ -19,13 +21,6 @@ using Index = std::int32_t;
 
 // How many elements ahead the passes ask for the text, which they read in the order's order.
 constexpr Index kAhead = 24;
-
-inline void Prefetch([[maybe_unused]] const void* address)
-{
-#if defined(__GNUC__)
-    __builtin_prefetch(address);
-#endif
-}
 
 template <class Letter>
 class Sorter {

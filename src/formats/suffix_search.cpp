@@ -1,6 +1,7 @@
 #include "formats/suffix_search.h"
 
 #include "formats/common_prefix.h"
+#include "formats/prefetch.h"
 #include "formats/suffix_array.h"
 
 #include <algorithm>
@@ -9,13 +10,6 @@
 namespace qx {
 
 namespace {
-
-inline void Prefetch([[maybe_unused]] const void* address)
-{
-#if defined(__GNUC__)
-    __builtin_prefetch(address);
-#endif
-}
 
 constexpr int kBlockBits = 4;
 constexpr std::int32_t kBlock = 1 << kBlockBits;

@@ -1,9 +1,9 @@
 #include "formats/byte_window.h"
-#include "formats/common_prefix.h"
 
 #include <qxutility/formats/compression.h>
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 #include <exception>
 #include <string_view>
