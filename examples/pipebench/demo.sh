@@ -222,10 +222,14 @@ open_options() {
 
 use_english() {
     open_options de
+    screenshot de-options
     say "    English from the list of languages, Enter key"
     click_control 311
     xdotool key Home key Return key Return
     wait_for "the end of the dialog" window_gone "${options[de]}"
+    open_options en
+    screenshot en-options
+    close_dialog "${options[en]}"
 }
 
 # US units, decimals after a wrong entry, a folder that is made.
