@@ -29,4 +29,5 @@ add_custom_command(
 add_custom_target(qx_language_table ALL DEPENDS ${QX_LANGUAGE_TABLE})
 
 set(QX_RESOURCE_FILES ${QX_GENERATED}/built_in_strings.rc ${QX_GENERATED}/version.h
-    ${_resources}/common_controls.manifest ${_resources}/dialogs.rc)
+    ${_resources}/common_controls.manifest ${_resources}/dialogs.rc
+    ${_resources}/folder.bmp)

@@ -240,7 +240,7 @@ static bool FitsItsControl(HWND control)
     const std::string className = ClassOf(control);
     const LONG style = ::GetWindowLongA(control, GWL_STYLE);
     const bool button = className == "Button";
-    if (!button && className != "Static")
+    if ((!button && className != "Static") || (button && (style & BS_BITMAP)))
         return true;
     RECT client;
     ::GetClientRect(control, &client);
