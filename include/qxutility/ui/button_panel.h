@@ -54,7 +54,7 @@ class QX_API SmartButton {
     SmartButton& operator=(const SmartButton&) = delete;
     ~SmartButton();
 
-    // Takes everything from the button's element.
+    // Takes everything from the button's element; null changes nothing.
     void ReadXML(XMLElement* element);
     // A state without a picture becomes the standard one. Draws the button if the state changed.
     void SetState(BtnState state);

@@ -71,6 +71,8 @@ static IconHandle IconOf(const QuickIcon& icon, HINSTANCE module)
     const auto number = IconResource(icon.source);
     if (!number)
         return FileIcon(icon);
+    if (*number == 0)
+        return IconHandle();
     const SIZE size = IconSize(icon.isSmall);
     return IconHandle(static_cast<HICON>(
         ::LoadImageA(module, MAKEINTRESOURCEA(*number), IMAGE_ICON, size.cx, size.cy, 0)));

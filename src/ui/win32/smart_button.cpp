@@ -30,6 +30,8 @@ SmartButton::~SmartButton()
 
 void SmartButton::ReadXML(XMLElement* element)
 {
+    if (!element)
+        return;
     const ButtonDescription button = ReadButton(*element);
     m_x = button.area.x;
     m_y = button.area.y;
