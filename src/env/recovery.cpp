@@ -3,6 +3,7 @@
 #include "config/process.h"
 #include "config/product_ini.h"
 #include "env/wording.h"
+#include "formats/replace_file.h"
 #include "platform/choice_box.h"
 #include "platform/files.h"
 
@@ -43,15 +44,7 @@ static std::optional<std::string> ReadBytes(const std::string& path)
 static bool CopyOver(const std::string& from, const std::string& to)
 {
     const auto bytes = ReadBytes(from);
-    if (!bytes)
-        return false;
-    const std::string next = platform::TemporaryNameBeside(to.c_str());
-    platform::File file(next.c_str(), platform::FileMode::CreateNew);
-    const bool written = file.Write(*bytes) && file.Flush();
-    if (file.Close() && written && platform::MoveOver(next.c_str(), to.c_str()))
-        return true;
-    platform::RemoveFile(next.c_str());
-    return false;
+    return bytes && ReplaceFile(to.c_str(), *bytes);
 }
 
 bool IsIniFileInOrder(const std::string& iniFile)

@@ -60,7 +60,7 @@ class QX_API QXWarningList {
   private:
     std::vector<std::string> m_warnings;
     int m_textId;
-    int m_helpId;
+    [[maybe_unused]] int m_helpId;  // by the dialog
     HINSTANCE m_module;
     HTML_HELP* m_help;  // not owned
     char m_folder[MAX_PATH];

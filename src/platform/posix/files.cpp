@@ -209,9 +209,13 @@ bool MoveOver(const char* from, const char* to)
     struct stat old;
     if (source.value < 0 || IsDirectory(source.value) || !Synchronise(source.value))
         return false;
-    // A private file stays private when its new version takes its place.
-    if (::stat(to, &old) == 0)
+    // A private file stays private when its new version takes its place; what is no file (a device,
+    // say) is not replaced by one.
+    if (::stat(to, &old) == 0) {
+        if (!S_ISREG(old.st_mode))
+            return false;
         ::fchmod(source.value, old.st_mode & 07777);
+    }
     if (::rename(from, to) != 0)
         return false;
     SynchroniseFolderOf(to);

@@ -119,6 +119,15 @@ TEST(PosixMoveOver, KeepsTheRightsOfTheFileThatItReplaces)
     EXPECT_EQ(fs::perms::owner_read, fs::status(to).permissions());
 }
 
+TEST(PosixMoveOver, ReplacesNothingThatIsNoFile)
+{
+    const TemporaryFolder folder;
+    const std::string from = folder.Write("new", "new"), to = folder.Path("pipe");
+    ASSERT_EQ(0, ::mkfifo(to.c_str(), 0600));
+    EXPECT_FALSE(MoveOver(from.c_str(), to.c_str()));
+    EXPECT_TRUE(fs::is_fifo(to));
+}
+
 TEST(PosixMoveOver, LeavesTheOldFileToWhoeverHasItOpen)
 {
     const TemporaryFolder folder;
