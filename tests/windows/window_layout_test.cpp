@@ -209,21 +209,25 @@ TEST(WindowLayout, KnowsTheSideOfARectangleOnTheScreen)
 TEST(WindowLayout, SplitterIsDraggedWithTheMouse)
 {
     SplitHost host;
+    const auto isTold = [&](int width) {
+        return PumpUntil([&] {
+            return !host.told.empty() && host.told.back() == std::pair{width, 300};
+        });
+    };
     MoveMouse(host.window, 153, 100);
     MouseButton(true);
     ASSERT_TRUE(PumpUntil([&] { return ::GetCapture() == host.window; }));
-    host.Take();
     MoveMouse(host.window, 200, 100);
-    ASSERT_TRUE(PumpUntil([&] { return !host.told.empty(); }));
-    EXPECT_EQ((std::pair{200, 300}), host.Take().back());
+    EXPECT_TRUE(isTold(200));
     EXPECT_EQ("0 0 200 300", Text(AreaOf(host.first)));
     EXPECT_EQ("208 2 398 298", Text(AreaOf(host.rest)));
     MoveMouse(host.window, 120, 100);
-    ASSERT_TRUE(PumpUntil([&] { return !host.told.empty(); }));
+    EXPECT_TRUE(isTold(120));
     host.Take();
     MouseButton(false);
     ASSERT_TRUE(PumpUntil([] { return ::GetCapture() == nullptr; }));
-    EXPECT_THAT(host.Take(), ElementsAre(std::pair{120, 300})) << "once more at the end";
+    EXPECT_TRUE(isTold(120)) << "once more at the end";
+    host.Take();
     MoveMouse(host.window, 50, 100);
     EXPECT_EQ("0 0 120 300", Text(AreaOf(host.first)));
     EXPECT_TRUE(host.told.empty());
@@ -415,9 +419,10 @@ TEST(WindowLayout, MoreThanThereIsRoomForAreNotRegistered)
 
 TEST(WindowLayout, MayEndInsideTheCallsOfItsWindows)
 {
-    enum class Act { End, DestroyHost, RemovePane, RemoveAll };
+    enum class Act { End, DestroyHost, RemovePane, RemoveAll, AddPanes };
     for (const UINT message : {UM_PANESIZED, UINT{WM_GETMINMAXINFO}, UINT{WM_SIZE}}) {
-        for (const Act act : {Act::End, Act::DestroyHost, Act::RemovePane, Act::RemoveAll}) {
+        for (const Act act :
+             {Act::End, Act::DestroyHost, Act::RemovePane, Act::RemoveAll, Act::AddPanes}) {
             SplitHost host;
             const HWND extra = MakeChild(host.window, "Static", "", 0, 104);
             host.layout->AddWindow(extra, 20, kTop | kPaneSizable, nullptr);
@@ -429,6 +434,9 @@ TEST(WindowLayout, MayEndInsideTheCallsOfItsWindows)
                     host.layout.reset();
                 else if (act == Act::DestroyHost)
                     ::DestroyWindow(host.window);
+                else if (act == Act::AddPanes)
+                    for (int i = 0; i < 1000; ++i)
+                        host.layout->AddWindow(extra, 20, kTop, nullptr);
                 else
                     host.layout->RemoveWindow(extra);
                 if (act == Act::RemoveAll)

@@ -33,10 +33,8 @@ Layout::Layout(HWND parent, HWND target, HINSTANCE module, XMLElement* element)
 
 Layout::~Layout()
 {
-    if (m_panel) {
-        ::SetWindowLongPtrA(m_panel, GWLP_USERDATA, 0);
+    if (m_panel)
         ::DestroyWindow(m_panel);
-    }
     if (m_registered)  // fails as long as there are other panels
         ::UnregisterClassA(kPanelClass, m_module);
 }
@@ -74,6 +72,7 @@ void Layout::ReadButtons(XMLElement& layout)
 
 void Layout::WindowDestroyed()
 {
+    ::SetWindowLongPtrA(m_panel, GWLP_USERDATA, 0);
     m_panel = nullptr;
     m_tracked = nullptr;
 }
@@ -170,6 +169,26 @@ void Layout::SetCursor() const
 // ---- The window
 // ----------------------------------------------------------------------------------
 
+namespace {
+
+// Answers WM_PAINT while it lives.
+class PaintDc {
+  public:
+    explicit PaintDc(HWND window) : m_window(window), m_dc(::BeginPaint(window, &m_paint)) {}
+    PaintDc(const PaintDc&) = delete;
+    PaintDc& operator=(const PaintDc&) = delete;
+    ~PaintDc() { ::EndPaint(m_window, &m_paint); }
+
+    HDC dc() const { return m_dc; }
+
+  private:
+    HWND m_window;
+    PAINTSTRUCT m_paint;
+    HDC m_dc;
+};
+
+}  // namespace
+
 static void Create(HWND panel, LPARAM lParam)
 {
     const auto* description = reinterpret_cast<const CREATESTRUCTA*>(lParam);
@@ -187,14 +206,9 @@ LRESULT CALLBACK Layout::Procedure(HWND panel, UINT message, WPARAM wParam, LPAR
     const int x = GET_X_LPARAM(lParam), y = GET_Y_LPARAM(lParam);
     switch (message) {
         case WM_DESTROY:
-            ::SetWindowLongPtrA(panel, GWLP_USERDATA, 0);
             return layout->WindowDestroyed(), 0;
-        case WM_PAINT: {
-            PAINTSTRUCT paint;
-            layout->Paint(::BeginPaint(panel, &paint));
-            ::EndPaint(panel, &paint);
-            return 0;
-        }
+        case WM_PAINT:
+            return layout->Paint(PaintDc(panel).dc()), 0;
         case WM_SETCURSOR:
             return layout->SetCursor(), TRUE;
         case WM_MOUSEMOVE:

@@ -94,11 +94,15 @@ TEST(ButtonLink, PanelMayEndWhileItIsOpened)
             std::make_unique<Layout>(*parent, target, ::GetModuleHandleA(nullptr), &document);
         const HWND panel = ::GetDlgItem(*parent, 5000);
         OpenDocumentDouble opening;
+        std::vector<std::string> reused;
         opening.meanwhile = [&] {
             if (destroyParent)
                 parent.reset();
             else
                 layout.reset();
+            // What the buttons were in is used for something else.
+            for (int i = 0; i < 100; ++i)
+                reused.emplace_back(sizeof(SmartButton) - 1, 'Z');
         };
         ::SendMessageA(panel, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
         ::SendMessageA(panel, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
