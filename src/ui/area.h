@@ -1,18 +1,13 @@
 // Arithmetic on rectangles that may have any coordinates.
 #pragma once
 
+#include "core/to_int.h"
+
 #include <qxutility/types.h>
 
-#include <algorithm>
 #include <cstdint>
 
 namespace qx {
-
-// The nearest value that fits 32 bits.
-inline std::int32_t ToInt(std::int64_t value)
-{
-    return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, INT32_MIN, INT32_MAX));
-}
 
 // Negative for a rectangle that is turned inside out.
 inline std::int64_t Width(const RECT& r)
