@@ -44,7 +44,7 @@ static std::optional<std::string> ReadBytes(const std::string& path)
 static bool CopyOver(const std::string& from, const std::string& to)
 {
     const auto bytes = ReadBytes(from);
-    return bytes && ReplaceFile(to.c_str(), *bytes);
+    return bytes && WriteWholeFile(to.c_str(), *bytes);
 }
 
 bool IsIniFileInOrder(const std::string& iniFile)

@@ -7,7 +7,7 @@ namespace qx {
 using platform::File;
 using platform::FileMode;
 
-bool ReplaceFile(const char* path, std::string_view bytes)
+bool WriteWholeFile(const char* path, std::string_view bytes)
 {
     if (!path || *path == '\0')
         return false;

@@ -168,5 +168,5 @@ void XMLWriter::StrCpy(char* destination, unsigned size) const
 bool XMLWriter::SaveToDisk(const char* path) const
 {
     const std::string_view text = m_state->text.View();
-    return qx::ReplaceFile(path, text) && !text.empty();
+    return qx::WriteWholeFile(path, text) && !text.empty();
 }

@@ -363,6 +363,72 @@ TEST_F(BrowseBox, ChoosesFolders)
     }
 }
 
+// Ends the dialog, twice, when it is asked about something.
+struct Breaker : CBrowseBox {
+    enum Moment { Approving, Dating, Verifying, Helping, Changing };
+    Breaker(const char* folder, Moment when) : CBrowseBox(folder, "*.dat"), moment(when) {}
+
+    bool Break(Moment now)
+    {
+        if (now == moment && armed) {
+            ::DestroyWindow(dialog);
+            ::DestroyWindow(dialog);
+        }
+        return true;
+    }
+    bool ApproveFile(const char* path, char* description) override
+    {
+        return CBrowseBox::ApproveFile(path, description) && Break(Approving);
+    }
+    bool GetDate(const char* path, char* text) override
+    {
+        return CBrowseBox::GetDate(path, text) && Break(Dating);
+    }
+    bool VerifyOkay(HWND, const char*) override { return Break(Verifying); }
+    void Help() override { Break(Helping); }
+    void ChangePath(HWND) override { Break(Changing); }
+    void Refill() { ChangeDirectory(dialog, nullptr); }
+
+    Moment moment;
+    bool armed = false;
+    HWND dialog = nullptr;
+};
+
+TEST_F(BrowseBox, SurvivesItsEndInsideItsOwnQuestions)
+{
+    for (const auto moment : {Breaker::Approving, Breaker::Dating, Breaker::Verifying,
+                              Breaker::Helping, Breaker::Changing}) {
+        Breaker box(Folder().c_str(), moment);
+        bool ended = false;
+        Show(box, [&](HWND dialog) {
+            box.dialog = dialog;
+            box.armed = true;
+            box.Refill();
+            Type(dialog, "b");
+            for (const WPARAM command : {WPARAM{kHelp}, WPARAM{kFolderButton}, WPARAM{IDOK}})
+                ::SendMessageA(dialog, WM_COMMAND, command, 0);
+            ended = !::IsWindow(dialog);
+        });
+        EXPECT_TRUE(ended) << moment;
+        EXPECT_THAT(boxes, IsEmpty());
+    }
+}
+
+TEST_F(BrowseBox, SurvivesTheEndOfItsOwner)
+{
+    const HWND owner = ::CreateWindowA("Static", "", WS_POPUP | WS_VISIBLE, 0, 0, 300, 200, nullptr,
+                                       nullptr, nullptr, nullptr);
+    Catalogs box(Folder().c_str(), "*.dat");
+    ModalAnswer answer([&](HWND dialog) {
+        if (::GetDlgItem(dialog, kList))
+            ::DestroyWindow(owner);
+        else
+            Press(dialog, IDOK);
+    });
+    box.Display(owner);
+    EXPECT_FALSE(::IsWindow(owner));
+}
+
 TEST_F(BrowseBox, LeavesNothingBehindWhenItIsOpenedManyTimes)
 {
     Catalogs box(Folder().c_str(), "*.dat");

@@ -23,12 +23,8 @@ struct LateText {
     unsigned string;
 };
 constexpr LateText kLateTexts[] = {
-    {107, kCaption, 6},
-    {107, 1000, 8},
-    {107, IDOK, 9},
-    {107, IDCANCEL, 10},
-    {1000, kCaption, 114},
-    {1000, 1001, 4},
+    {107, kCaption, 6},  {107, 1000, 8},        {107, IDOK, 9},
+    {107, IDCANCEL, 10}, {1000, kCaption, 114}, {1000, 1001, 4},
 };
 
 // Table and library stand in the folder that tests run in.

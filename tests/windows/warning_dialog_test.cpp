@@ -94,6 +94,23 @@ TEST_F(WarningDialog, ShowsWarningsInTheUsersLanguage)
     }
 }
 
+TEST_F(WarningDialog, OffersHelpWhenThereIsSome)
+{
+    auto* const help = reinterpret_cast<HTML_HELP*>(this);  // only looked at
+    const struct {
+        int id;
+        HTML_HELP* help;
+        bool offered;
+    } cases[] = {{7, help, true}, {0, help, false}, {7, nullptr, false}};
+    for (const auto& c : cases) {
+        QXWarningList warnings(nullptr, 0, c.id, c.help, nullptr);
+        warnings.add("a", nullptr);
+        Show(warnings, [&](HWND dialog) {
+            EXPECT_EQ(c.offered, ::IsWindowVisible(::GetDlgItem(dialog, kHelp)) != 0) << c.id;
+        });
+    }
+}
+
 TEST_F(WarningDialog, ShowsTheTextOfTheApplicationAsItIs)
 {
     CLanguage host;
@@ -207,6 +224,23 @@ TEST_F(WarningDialog, TellsThatAFileIsRefusedAndStays)
     EXPECT_TRUE(stands);
     ASSERT_FALSE(boxes.empty());
     EXPECT_THAT(boxes.back(), HasSubstr("The warnings could not be saved to\n" + path));
+}
+
+TEST_F(WarningDialog, SurvivesItsEndFromOutside)
+{
+    const HWND owner = ::CreateWindowA("Static", "", WS_POPUP | WS_VISIBLE, 0, 0, 300, 200, nullptr,
+                                       nullptr, nullptr, nullptr);
+    for (const HWND victim : {HWND{nullptr}, owner}) {
+        QXWarningList warnings = ListOf(3);
+        ModalAnswer answer([&](HWND dialog) {
+            if (!::GetDlgItem(dialog, kList))
+                return Press(dialog, IDOK);
+            ::DestroyWindow(victim ? victim : dialog);
+            ::DestroyWindow(victim ? victim : dialog);
+        });
+        warnings.display(owner);
+    }
+    EXPECT_FALSE(::IsWindow(owner));
 }
 
 TEST_F(WarningDialog, LeavesNothingBehindWhenItIsOpenedManyTimes)
