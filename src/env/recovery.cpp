@@ -3,7 +3,7 @@
 #include "config/process.h"
 #include "config/product_ini.h"
 #include "env/wording.h"
-#include "formats/replace_file.h"
+#include "formats/whole_file.h"
 #include "platform/choice_box.h"
 #include "platform/files.h"
 

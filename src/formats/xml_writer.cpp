@@ -1,4 +1,4 @@
-#include "formats/replace_file.h"
+#include "formats/whole_file.h"
 #include "formats/xml_entities.h"
 
 #include <qxutility/formats/xml_writer.h>

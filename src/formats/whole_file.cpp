@@ -1,4 +1,4 @@
-#include "formats/replace_file.h"
+#include "formats/whole_file.h"
 
 #include "platform/files.h"
 
