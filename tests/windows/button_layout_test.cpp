@@ -286,6 +286,31 @@ TEST(ButtonPanel, CursorIsAHandOverAButtonWithAnAction)
     EXPECT_TRUE(PumpUntil([&] { return ::GetCursor() == arrow; }));
 }
 
+TEST(SmartButtonAlone, DrawsWhereItIsTold)
+{
+    const Pictures pictures;
+    XMLDocument document;
+    document.UseData(Button(3, 4, pictures.Three()).c_str(), -1);
+    SmartButton button(::GetModuleHandleA(nullptr), nullptr);
+    button.ReadXML(nullptr);
+    button.ReadXML(document.FirstElement());
+    const COLORREF screen = PixelOf(nullptr, 10, 10);
+    button.SetState(SmartButton::pushed);
+    EXPECT_EQ(screen, PixelOf(nullptr, 10, 10)) << "without a panel nowhere by itself";
+
+    const TestWindow window("Alone");
+    const HDC dc = ::GetDC(window);
+    button.Draw(dc);
+    EXPECT_EQ(kBlue, ::GetPixel(dc, 3, 4));
+    EXPECT_EQ(kBlue, ::GetPixel(dc, 42, 33));
+    EXPECT_NE(kBlue, ::GetPixel(dc, 43, 33));
+    ::ReleaseDC(window, dc);
+    int width = 10, height = 100;
+    button.CalcSize(width, height);
+    EXPECT_EQ(43, width);
+    EXPECT_EQ(100, height);
+}
+
 // ---- Quick images
 
 std::string Quick(const std::string& content, const std::string& attributes = "")

@@ -65,7 +65,7 @@ void SmartButton::SetState(BtnState state)
 void SmartButton::Draw(HDC dc)
 {
     const HBITMAP picture = m_pictures[m_state];
-    if (!picture)
+    if (!picture || (!dc && !m_panel))  // no window would be the whole screen
         return;
     const HDC target = dc ? dc : ::GetDC(m_panel);
     {
