@@ -69,6 +69,8 @@ void DialogTexts::SetLateTexts(HWND dialog, LPCSTR name) const
         ASSERT_TRUE(window) << late.control;
         char text[255] = "";
         m_language.String(m_library, late.string, text, sizeof text);
+        EXPECT_STRNE("", text) << late.string;
+        EXPECT_STRNE("###", text) << late.string;
         ::SetWindowTextA(window, text);
     }
 }
