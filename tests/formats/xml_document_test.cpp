@@ -10,7 +10,6 @@
 #include <random>
 #include <type_traits>
 
-using qx::test::Disk;
 using qx::test::FilesDouble;
 using qx::test::GuardedBuffer;
 using qx::test::ResourcesDouble;

@@ -9,7 +9,6 @@
 #include <random>
 #include <string>
 
-using qx::test::Disk;
 using qx::test::FilesDouble;
 using qx::test::GuardedBuffer;
 
