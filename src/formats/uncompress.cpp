@@ -16,8 +16,9 @@ using Fault = Compression::Fault;
 
 // What may be written behind a text, or read behind a token, by copying whole blocks.
 constexpr std::size_t kSlack = 64;
-// How far a text grows at once; it is cleared before it is written.
-constexpr std::size_t kGrowth = std::size_t{256} << 10;
+// How far a text grows at once: it is cleared before it is written, and so stays in the nearest
+// cache in between.
+constexpr std::size_t kGrowth = std::size_t{32} << 10;
 // The longest token of those that are taken quickly: the escape byte, one byte for the length and
 // four for the distance.
 constexpr std::size_t kShortToken = 6;
