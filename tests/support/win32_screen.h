@@ -40,11 +40,4 @@ inline RECT AreaOf(HWND window)
     return area;
 }
 
-// GDI and USER objects of this process.
-inline DWORD GuiObjects()
-{
-    return ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS) +
-           ::GetGuiResources(::GetCurrentProcess(), GR_USEROBJECTS);
-}
-
 }  // namespace qx::test

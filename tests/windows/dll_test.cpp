@@ -1,5 +1,7 @@
 // The DLL as the loader sees it: what its load and unload do, and what lies in its file. Nothing of
 // it is called, so this program is not linked with it and can load and unload it at will.
+#include "support/win32_ui.h"
+
 #include <windows.h>
 
 #include <cstdlib>
@@ -8,6 +10,8 @@
 #include <string>
 #include <vector>
 
+using qx::test::CountObjects;
+using qx::test::ObjectCounts;
 using testing::HasSubstr;
 
 namespace {
@@ -100,16 +104,14 @@ TEST(Dll, LeavesNothingBehindAfterManyLoads)
     {
         const LoadedLibrary first;
     }
-    const DWORD gdi = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
-    const DWORD user = ::GetGuiResources(::GetCurrentProcess(), GR_USEROBJECTS);
+    const ObjectCounts objects = CountObjects();
     DWORD before = 0, after = 0;
     ::GetProcessHandleCount(::GetCurrentProcess(), &before);
     for (int round = 0; round < 50; ++round)
         const LoadedLibrary library;
     ::GetProcessHandleCount(::GetCurrentProcess(), &after);
     EXPECT_LE(after, before + 5);
-    EXPECT_EQ(gdi, ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS));
-    EXPECT_EQ(user, ::GetGuiResources(::GetCurrentProcess(), GR_USEROBJECTS));
+    EXPECT_EQ(objects, CountObjects());
 }
 
 // ---- Resources

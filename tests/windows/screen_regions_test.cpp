@@ -1,7 +1,11 @@
+#include "support/win32_ui.h"
+
 #include <qxutility/engineering/geometry.h>
 
 #include <gtest/gtest.h>
 #include <memory>
+
+using qx::test::CountObjects;
 
 struct RegionDeleter {
     void operator()(HRGN region) const { ::DeleteObject(region); }
@@ -31,8 +35,8 @@ TEST(PtOnScreen, AsksForTheRegionOfTheDesktopWindow)
 {
     const Region region(::CreateRectRgn(0, 0, 0, 0));
     const bool hasRegion = ::GetWindowRgn(::GetDesktopWindow(), region.get()) != ERROR;
-    const DWORD before = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
+    const int before = CountObjects().drawing;
     for (int x : {-10, 0, 10, 100'000})
         EXPECT_EQ(hasRegion && ::PtInRegion(region.get(), x, 10), PtOnScreen(x, 10)) << x;
-    EXPECT_EQ(before, ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS));
+    EXPECT_EQ(before, CountObjects().drawing);
 }
