@@ -23,6 +23,8 @@
 #include <qxutility/formats/xml_document.h>
 #include <qxutility/formats/xml_writer.h>
 #include <qxutility/host.h>
+#include <qxutility/print/page_text.h>
+#include <qxutility/print/print_job.h>
 #include <qxutility/ui/browse_box.h>
 #include <qxutility/ui/button_panel.h>
 #include <qxutility/ui/dialog_fields.h>
