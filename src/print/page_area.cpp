@@ -38,6 +38,18 @@ static bool TakeInt(std::string_view& text, int& value)
     return true;
 }
 
+static constexpr double kHundredthsOfMm = 2.54;  // in a thousandth of an inch
+
+int ToHundredthsOfMm(int thousandthsOfInch)
+{
+    return Rounded(thousandthsOfInch * kHundredthsOfMm);
+}
+
+int FromHundredthsOfMm(int hundredthsOfMm)
+{
+    return Rounded(hundredthsOfMm / kHundredthsOfMm);
+}
+
 std::string MarginsText(const Margins& margins)
 {
     std::string text;

@@ -12,6 +12,10 @@ struct Margins {
     int left = 150, top = 150, right = 150, bottom = 150;
 };
 
+// Between these and what people with metric units are shown.
+int ToHundredthsOfMm(int thousandthsOfInch);
+int FromHundredthsOfMm(int hundredthsOfMm);
+
 // As they stand in the file: "left,right,top,bottom".
 std::string MarginsText(const Margins& margins);
 // Reads as "%d,%d,%d,%d" does, up to the first number that is missing; the margins after it stay

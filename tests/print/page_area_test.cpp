@@ -1,5 +1,6 @@
 #include "print/page_area.h"
 
+#include "print/cancel_place.h"
 #include "support/temporary_folder.h"
 
 #include <qxutility/config/ini_file.h>
@@ -31,6 +32,26 @@ TEST(Margins, AreKeptPerKindOfReport)
     EXPECT_EQ("1,3,2,4", MarginsText(LoadMargins("Pumps")));
     EXPECT_EQ("150,150,150,150", MarginsText(LoadMargins("DEF")));
     ChangeINIFileName("");
+}
+
+TEST(Margins, ComeBackFromMetricUnits)
+{
+    EXPECT_EQ(381, ToHundredthsOfMm(150));
+    EXPECT_EQ(394, FromHundredthsOfMm(1000));
+    for (int margin = 0; margin < 20000; ++margin)
+        ASSERT_EQ(margin, FromHundredthsOfMm(ToHundredthsOfMm(margin)));
+    EXPECT_EQ(INT_MAX, ToHundredthsOfMm(INT_MAX));
+}
+
+TEST(CancelWindow, StandsOverItsOwnersTop)
+{
+    const auto place = [](const RECT& client, int width) {
+        const POINT at = CancelWindowPlace(client, width);
+        return std::to_string(at.x) + ',' + std::to_string(at.y);
+    };
+    EXPECT_EQ("200,119", place({100, 100, 500, 499}, 200));
+    EXPECT_EQ("0,100", place({100, 100, 200, 110}, 400));
+    EXPECT_EQ("0,0", place({-32000, -32000, -32000, -32000}, 400));  // a minimised owner
 }
 
 TEST(PrintableArea, IsThePageWithoutItsMargins)

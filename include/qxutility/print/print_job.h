@@ -146,16 +146,13 @@ class QX_API QXPrint {
     HGLOBAL m_savedDeviceMode = nullptr;
     bool m_diverted = false;  // from PDFDivertPrinter to PDFResetPrinter
 
-    void Adopt(HGLOBAL deviceNames, HGLOBAL deviceMode);
-    bool TakeDefaultPrinter();
-    bool AskForPrinter(HWND owner, const char* kind);
-    // Parts of SetupPrint. When one fails it says with what message.
+    bool TakeDefaultPrinter(const std::string& kind);
+    bool AskForPrinter(HWND owner, const std::string& kind);
+    // Parts of SetupPrint. One that fails says with what message, if not the usual one.
     bool Begin(const char* documentName, qx::JobMessage& failure);
-    bool Divert(qx::JobMessage& failure);
     bool StartDocument(const char* documentName, qx::JobMessage& failure);
-    bool ShowCancelWindow(qx::JobMessage& failure);
-    bool CreateFonts(qx::JobMessage& failure);
-    bool MeasurePage(qx::JobMessage& failure);
+    bool CreateFonts();
+    bool MeasurePage();
     // Parts of the end.
     void Abort();
     void DeleteObjects();
