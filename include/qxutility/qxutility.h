@@ -28,6 +28,7 @@
 #include <qxutility/ui/browse_box.h>
 #include <qxutility/ui/button_panel.h>
 #include <qxutility/ui/dialog_fields.h>
+#include <qxutility/ui/dockable_window.h>
 #include <qxutility/ui/tool_tipper.h>
 #include <qxutility/ui/warning_list.h>
 #include <qxutility/ui/window_layout.h>

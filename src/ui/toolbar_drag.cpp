@@ -35,7 +35,8 @@ static constexpr int kHitSizeBox = 4, kHitFirstBorder = 10, kHitLastBorder = 17;
 
 void FloatDrag::Press(int hitCode)
 {
-    if (hitCode == kHitSizeBox || (hitCode >= kHitFirstBorder && hitCode <= kHitLastBorder))
+    if (!m_moving &&
+        (hitCode == kHitSizeBox || (hitCode >= kHitFirstBorder && hitCode <= kHitLastBorder)))
         m_sizing = true;
 }
 
@@ -43,7 +44,7 @@ bool FloatDrag::Enter(const RECT& window)
 {
     if (m_sizing)
         return false;
-    m_start = window;
+    m_start = m_proposed = window;
     m_moving = true;
     m_wouldDock = false;
     return true;
@@ -60,9 +61,9 @@ bool FloatDrag::Step(const RECT& proposed, const std::function<bool(const RECT&)
 
 FloatEnd FloatDrag::Exit()
 {
-    if (std::exchange(m_sizing, false))
+    m_sizing = false;
+    if (!std::exchange(m_moving, false))
         return {};
-    m_moving = false;
     const bool forced = std::exchange(m_forced, false);
     return {true, m_proposed, forced || m_wouldDock, m_wouldDock, m_start};
 }

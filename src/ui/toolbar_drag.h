@@ -33,11 +33,14 @@ class FloatDrag {
   public:
     // A press at a hit code of the window's frame: borders and corners begin a sizing.
     void Press(int hitCode);
+    // The button is up again, whether or not a loop was begun.
+    void Release() { m_sizing = false; }
     // True when a move begins: the window is to be replaced by its outline.
     bool Enter(const RECT& window);
     // A step, with the rectangle that is proposed. The host is asked whether that is over its dock
     // area. False outside of a move: there is no outline to draw.
     bool Step(const RECT& proposed, const std::function<bool(const RECT&)>& overDock);
+    // Nothing is to be done without a move.
     FloatEnd Exit();
 
     // The window goes back where the move began, wherever it ends.

@@ -1,5 +1,6 @@
 // Panes of a real window, resized with the real mouse.
 #include "support/win32_screen.h"
+#include "support/window_spy.h"
 
 #include <qxutility/ui/window_layout.h>
 
@@ -14,46 +15,6 @@ using testing::ElementsAre;
 static constexpr DWORD kLeft = kPaneLeft | kPaneAcross, kTop = kPaneTop | kPaneAlong;
 static constexpr DWORD kBottom = kPaneBottom | kPaneAlong;
 static const HWND kNoWindow = reinterpret_cast<HWND>(~std::uintptr_t{0});
-
-// What a test wants to know of a window's messages: an answer, or none to go on.
-using Handler = std::function<std::optional<LRESULT>(UINT, WPARAM, LPARAM)>;
-
-// Puts a handler in front of a window's procedure, as an application does. One for each window.
-class Spy {
-  public:
-    Spy(HWND window, Handler handler) : m_window(window), m_handler(std::move(handler))
-    {
-        ::SetPropA(window, kProperty, this);
-        m_previous = reinterpret_cast<WNDPROC>(
-            ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Procedure)));
-    }
-    Spy(const Spy&) = delete;
-    Spy& operator=(const Spy&) = delete;
-    ~Spy()
-    {
-        if (!::IsWindow(m_window))
-            return;
-        ::SetWindowLongPtrA(m_window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(m_previous));
-        ::RemovePropA(m_window, kProperty);
-    }
-
-  private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-    {
-        const auto* spy = static_cast<const Spy*>(::GetPropA(window, kProperty));
-        if (!spy)
-            return ::DefWindowProcA(window, message, wParam, lParam);
-        const WNDPROC previous = spy->m_previous;
-        if (const auto answer = spy->m_handler(message, wParam, lParam))
-            return *answer;
-        return ::CallWindowProcA(previous, window, message, wParam, lParam);
-    }
-
-    static constexpr char kProperty[] = "QX_TEST_SPY";
-    HWND m_window;
-    Handler m_handler;
-    WNDPROC m_previous;
-};
 
 // Answers WM_GETMINMAXINFO with a minimum size.
 static Handler Minimum(int width, int height)
@@ -70,11 +31,6 @@ static std::string Text(const RECT& r)
 {
     return std::to_string(r.left) + " " + std::to_string(r.top) + " " + std::to_string(r.right) +
            " " + std::to_string(r.bottom);
-}
-
-static WNDPROC ProcedureOf(HWND window)
-{
-    return reinterpret_cast<WNDPROC>(::GetWindowLongPtrA(window, GWLP_WNDPROC));
 }
 
 static RECT ClientArea(HWND window)
