@@ -14,6 +14,11 @@
 // Commands
 #define IDM_NEW 201
 #define IDM_EXIT 202
+#define IDM_OPEN 203
+#define IDM_SAMPLE 204
+#define IDM_SAVE 205
+#define IDM_SAVE_AS 206
+#define IDM_START_PAGE 207
 #define IDM_DUPLICATE 211
 #define IDM_DELETE 212
 #define IDM_ADD 213
@@ -27,6 +32,7 @@
 #define IDM_SKETCH 241
 #define IDM_STATUS_BAR 242
 #define IDM_OPTIONS 243
+#define IDM_TREE 244
 #define IDM_ABOUT 251
 // One command per language of the table, in its order; the first item stands in the resource.
 #define IDM_LANGUAGE_FIRST 260
@@ -85,5 +91,8 @@
 #define IDS_CURVE_SHORT 37
 #define IDS_BAD_DIRECTORY 38
 #define IDS_NOT_SAVED 39
+#define IDS_UNTITLED 41
+#define IDS_SAVE_CHANGES 42
+#define IDS_LINE_FILTER 43
 
 #endif

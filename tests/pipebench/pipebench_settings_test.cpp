@@ -22,6 +22,7 @@ static void ExpectSame(const Settings& expected, const Settings& settings)
 {
     EXPECT_EQ(expected.units, settings.units);
     EXPECT_EQ(expected.decimals, settings.decimals);
+    EXPECT_EQ(expected.view, settings.view);
     EXPECT_EQ(expected.curveFile, settings.curveFile);
     for (const FlowField& field : kFlowFields) {
         if (field.key) {
@@ -35,6 +36,9 @@ TEST_F(SettingsFile, GivesBackWhatWasStored)
     Settings settings;
     settings.units = DT_ENGLISH;
     settings.decimals = 0;
+    settings.view.tree = false;
+    settings.view.treeWidth = 300;
+    settings.view.resultsHeight = 61;
     settings.flow.flow = 0.1 + 0.2;
     settings.flow.lift = -1.0 / 3;
     settings.flow.viscosity = 1.5;
@@ -54,6 +58,7 @@ TEST_F(SettingsFile, LeavesOutWhatIsNotPossible)
              "junk",
              "[View\r\nUnits=US",
              "[View]\r\nUnits=furlongs\r\nDecimals=4\r\n[Pipe flow]\r\nFlow=-1\r\nDensity=0\r\n",
+             "[View]\r\nTree width=-5\r\nResults height=1000000\r\nSketch=\r\n",
              "[View]\r\nDecimals=-1\r\n[Pipe flow]\r\nViscosity=1e300\r\nFlow=nan\r\n",
              "[View]\r\nDecimals=\r\n[Pipe flow]\r\nLift=\r\nFlow=twelve\r\nPump curve=\r\n",
          }) {

@@ -19,6 +19,30 @@ static std::string Text(const INIFile& file, const char* section, const char* ke
     return file.GetPrivateProfileStringA(section, key, "", nullptr, 0);
 }
 
+struct Switch {
+    const char* key;
+    bool View::*value;
+};
+static constexpr Switch kSwitches[] = {
+    {"Tree", &View::tree}, {"Sketch", &View::sketch}, {"Status bar", &View::statusBar}};
+struct Extent {
+    const char* key;
+    int View::*value;
+};
+static constexpr Extent kExtents[] = {{"Tree width", &View::treeWidth},
+                                      {"Results height", &View::resultsHeight}};
+
+static void ReadView(const INIFile& file, View& view)
+{
+    for (const Switch& part : kSwitches)
+        view.*part.value = file.GetPrivateProfileIntA(kView, part.key, 1, nullptr, 0) != 0;
+    for (const Extent& extent : kExtents) {
+        const int size = file.GetPrivateProfileIntA(kView, extent.key, 0, nullptr, 0);
+        if (size >= kLeastPane && size <= kMostPane)
+            view.*extent.value = size;
+    }
+}
+
 static void ReadFlow(const INIFile& file, FlowCase& flow)
 {
     for (const FlowField& field : kFlowFields) {
@@ -40,6 +64,7 @@ Settings ReadSettings(const INIFile& file)
         file.GetPrivateProfileIntA(kView, kDecimals, settings.decimals, nullptr, 0);
     if (decimals >= 0 && decimals <= kMostDecimals)
         settings.decimals = decimals;
+    ReadView(file, settings.view);
     ReadFlow(file, settings.flow);
     if (const std::string curve = Text(file, kFlow, kCurve); !curve.empty())
         settings.curveFile = curve == kNoCurve ? "" : curve;
@@ -53,6 +78,10 @@ std::vector<IniEntry> ToIniEntries(const Settings& settings)
         {kView, kDecimals, std::to_string(settings.decimals)},
         {kFlow, kCurve, settings.curveFile.empty() ? kNoCurve : settings.curveFile},
     };
+    for (const Switch& part : kSwitches)
+        entries.push_back({kView, part.key, settings.view.*part.value ? "1" : "0"});
+    for (const Extent& extent : kExtents)
+        entries.push_back({kView, extent.key, std::to_string(settings.view.*extent.value)});
     for (const FlowField& field : kFlowFields) {
         if (field.key)
             entries.push_back({kFlow, field.key, PlainNumberText(settings.flow.*field.value)});

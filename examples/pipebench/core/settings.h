@@ -18,9 +18,18 @@ inline constexpr char kSampleCurve[] = "PUMP_CURVE.DAT";
 
 inline constexpr int kMostDecimals = 3;
 
+// The parts of the main window: which are shown, and the places of the splitters between them.
+struct View {
+    bool tree = true, sketch = true, statusBar = true;
+    int treeWidth = 180, resultsHeight = 210;  // pixels at 96 dots per inch
+    bool operator==(const View&) const = default;
+};
+inline constexpr int kLeastPane = 60, kMostPane = 4000;
+
 struct Settings {
     DT_UNITS units = DT_METRIC;
     int decimals = 2;  // 0 to kMostDecimals
+    View view;
     FlowCase flow = kFirstFlow;
     std::string curveFile = kSampleCurve;  // empty: no pump
 };

@@ -1,7 +1,9 @@
 // Tells the demo what stands on the screen: lists the controls of the visible window of a class and
 // title, one line each, with the window's own first:
-//     identifier <tab> class <tab> x <tab> y <tab> text
-// x, y is the middle on the screen; the text of a list view is its number of rows. Status 1 when
+//     identifier <tab> class <tab> x <tab> y <tab> left <tab> top <tab> right <tab> bottom <tab>
+//     text
+// x, y is the middle on the screen, left ... bottom its rectangle there; the text of a list view is
+// its number of rows and, from 1 on, the selected one. An empty title stands for any. Status 1 when
 // there is no such window.
 #include <windows.h>
 #include <commctrl.h>
@@ -28,6 +30,14 @@ static std::wstring TextOf(HWND window)
     return text;
 }
 
+static std::string RowsOf(HWND list)
+{
+    const LRESULT selected =
+        ::SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED);
+    return std::to_string(::SendMessageW(list, LVM_GETITEMCOUNT, 0, 0)) + ' ' +
+           (selected < 0 ? "" : std::to_string(selected + 1));
+}
+
 static BOOL CALLBACK Print(HWND window, LPARAM)
 {
     wchar_t windowClass[64] = L"";
@@ -36,12 +46,13 @@ static BOOL CALLBACK Print(HWND window, LPARAM)
         return TRUE;
     std::string text = Utf8(TextOf(window));
     if (std::wstring(windowClass) == WC_LISTVIEWW)
-        text = std::to_string(::SendMessageW(window, LVM_GETITEMCOUNT, 0, 0));
+        text = RowsOf(window);
     RECT rectangle;
     ::GetWindowRect(window, &rectangle);
-    std::printf("%d\t%s\t%ld\t%ld\t%s\n", ::GetDlgCtrlID(window), Utf8(windowClass).c_str(),
-                (rectangle.left + rectangle.right) / 2, (rectangle.top + rectangle.bottom) / 2,
-                text.c_str());
+    std::printf("%d\t%s\t%ld\t%ld\t%ld\t%ld\t%ld\t%ld\t%s\n", ::GetDlgCtrlID(window),
+                Utf8(windowClass).c_str(), (rectangle.left + rectangle.right) / 2,
+                (rectangle.top + rectangle.bottom) / 2, rectangle.left, rectangle.top,
+                rectangle.right, rectangle.bottom, text.c_str());
     return TRUE;
 }
 
@@ -53,7 +64,7 @@ int main()
         std::fputs("usage: pipebench_probe CLASS TITLE\n", stderr);
         return 2;
     }
-    const HWND window = ::FindWindowW(arguments[1], arguments[2]);
+    const HWND window = ::FindWindowW(arguments[1], *arguments[2] ? arguments[2] : nullptr);
     if (!window || !::IsWindowVisible(window))
         return 1;
     Print(window, 0);

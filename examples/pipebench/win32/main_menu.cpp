@@ -20,13 +20,11 @@ static HMENU SubmenuWith(HMENU menu, UINT command)
 static void AddLanguages(HMENU menu, const Localisation& localisation)
 {
     const HMENU languages = SubmenuWith(menu, IDM_LANGUAGE_FIRST);
-    const DWORD current = localisation.Language().GetLanguage();
     ::DeleteMenu(languages, IDM_LANGUAGE_FIRST, MF_BYCOMMAND);
     UINT id = IDM_LANGUAGE_FIRST;
     for (const LanguageChoice& choice : localisation.Choices()) {
-        const UINT flags = MF_STRING | (choice.lcid == current ? MF_CHECKED : MF_UNCHECKED);
         if (id <= IDM_LANGUAGE_LAST)
-            ::AppendMenuA(languages, flags, id++, choice.name.c_str());
+            ::AppendMenuA(languages, MF_STRING, id++, choice.name.c_str());
     }
 }
 
@@ -36,6 +34,33 @@ HMENU LoadTranslatedMenu(const Localisation& localisation)
     localisation.Language().Menu(menu, 0);
     AddLanguages(menu, localisation);
     return menu;
+}
+
+static void ShowState(HMENU menu, int position, int command, CommandState state)
+{
+    MENUITEMINFOA item{};
+    item.cbSize = sizeof item;
+    item.fMask = MIIM_STATE | MIIM_FTYPE;
+    ::GetMenuItemInfoA(menu, static_cast<UINT>(position), TRUE, &item);
+    if (item.fType & MFT_SEPARATOR)
+        return;
+    const bool usable = state == CommandState::Enabled || state == CommandState::Checked;
+    item.fState = static_cast<UINT>(usable ? MFS_ENABLED : MFS_GRAYED) |
+                  (state == CommandState::Checked ? MFS_CHECKED : MFS_UNCHECKED);
+    if (IsChoice(command))
+        item.fType |= MFT_RADIOCHECK;
+    ::SetMenuItemInfoA(menu, static_cast<UINT>(position), TRUE, &item);
+}
+
+void ShowStates(HMENU menu, const std::function<CommandState(int command)>& stateOf)
+{
+    for (int i = 0; i < ::GetMenuItemCount(menu); ++i) {
+        const int command = static_cast<int>(::GetMenuItemID(menu, i));
+        if (const HMENU submenu = ::GetSubMenu(menu, i))
+            ShowStates(submenu, stateOf);
+        else
+            ShowState(menu, i, command, stateOf(command));
+    }
 }
 
 }  // namespace pipebench

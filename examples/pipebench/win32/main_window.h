@@ -1,64 +1,76 @@
-// The main window: menu, sketch, list of pipes, status bar.
+// The main window: menu, a line in its panes or the start page, status bar.
 #pragma once
 
+#include "core/commands.h"
+#include "core/line.h"
 #include "core/localisation.h"
-#include "core/pipe.h"
-#include "core/settings.h"
-#include "win32/pipe_list.h"
-#include "win32/sketch_view.h"
+#include "win32/workspace.h"
 
 #include <windows.h>
 
 #include <optional>
-#include <vector>
 
 namespace pipebench {
 
-class MainWindow {
+class MainWindow : public ObjectWindow {
   public:
     // Starts in the stored language, or in `lcid`.
     MainWindow(Localisation& localisation, std::optional<DWORD> lcid);
-    MainWindow(const MainWindow&) = delete;
-    MainWindow& operator=(const MainWindow&) = delete;
 
     // Shows the window and handles messages until it is closed; returns the exit status.
     int Run(int show);
 
   private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
+    // Messages: main_window.cpp
+    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnCreate();
-    void OnSize();
-    void OnCommand(int id);
-    void OnNotify(const NMHDR& header);
     void OnInitMenu(HMENU menu) const;
+    void OnLimits(MINMAXINFO& limits);
+    void OnDestroy();
+    // Lays out what the window holds, from the top to the bottom.
+    void Arrange();
+    RECT ViewArea() const;
 
+    // What is shown: main_window.cpp
     void ShowTexts();
     void ShowMenu();
-    void ShowPipes();
-    void ShowSketch();
+    void ShowLine();
     void ShowStatus();
-    // A metric value with its unit, as the user has chosen to see values.
-    std::string Value(Quantity quantity, double metric) const;
+    void ShowView();
 
-    void UseLanguage(DWORD lcid);
-    void ChangeOptions();
-    void AddPipe();
-    void EditSelected();
-    void DuplicateSelected();
-    void DeleteSelected();
-    void ShowFlowOfSelected();
-    void Sort(SortKey key);
-    void Toggle(HWND child);
-    void ShowAbout();
+    // Commands: main_commands.cpp. Menus and toolbars ask StateOf and send WM_COMMAND.
+    struct Command;
+    static const Command* FindCommand(int command);
+    CommandState StateOf(int command) const;
+    void OnCommand(int command);
+    void OnSelection() {}
+
+    void NewLine(int);
+    void OpenSample(int);
+    void CloseLine(int);
+    void Exit(int);
+    void AddPipe(int);
+    void EditSelected(int);
+    void DuplicateSelected(int);
+    void DeleteSelected(int);
+    void ShowFlowOfSelected(int);
+    void Sort(int command);
+    void UseDecimals(int command);
+    void TogglePart(int command);
+    void UseLanguage(int command);
+    void ChangeOptions(int);
+    void ShowAbout(int);
+
+    void Open(Line line);
+    // After a change of the pipes.
+    void Changed();
+    void Speak(DWORD lcid);
 
     Localisation& m_localisation;
     std::optional<DWORD> m_lcid;
-    HWND m_window = nullptr;
     HWND m_statusBar = nullptr;
-    SketchView m_sketch;
-    PipeList m_list;
-    std::vector<Pipe> m_pipes = SamplePipes();
+    Workspace m_workspace;
+    std::optional<Line> m_line;  // without one the start page is shown
     Settings m_settings;
 };
 

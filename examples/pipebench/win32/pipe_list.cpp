@@ -1,6 +1,5 @@
 #include "win32/pipe_list.h"
 
-#include "core/texts.h"
 #include "win32/gdi.h"
 
 #include <windows.h>
@@ -10,25 +9,9 @@
 
 namespace pipebench {
 
-struct Column {
-    const char* wording;
-    int alignment;
-    Quantity quantity = Quantity::Number;
-};
-static constexpr Column kColumns[] = {
-    {"Name", LVCFMT_LEFT},
-    {"Material", LVCFMT_LEFT},
-    {"Length", LVCFMT_RIGHT, Quantity::Length},
-    {"Diameter", LVCFMT_RIGHT, Quantity::Size},
-    {"Content", LVCFMT_RIGHT, Quantity::Volume},
-    {"Price", LVCFMT_RIGHT},
-};
-
-static std::string HeaderText(const CLanguage& language, const Column& column, DT_UNITS units)
+static int AlignmentOf(std::size_t column)
 {
-    return column.quantity == Quantity::Number
-               ? Wording(language, column.wording)
-               : WithUnit(language, column.wording, column.quantity, units);
+    return kResultColumns[column].number ? LVCFMT_RIGHT : LVCFMT_LEFT;
 }
 
 void PipeList::Create(HWND parent, int id)
@@ -41,46 +24,39 @@ void PipeList::Create(HWND parent, int id)
     ::SendMessageA(m_window, WM_SETFONT, reinterpret_cast<WPARAM>(MessageFont()), FALSE);
     const DWORD style = LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES;
     ::SendMessageA(m_window, LVM_SETEXTENDEDLISTVIEWSTYLE, style, style);
-    for (int i = 0; i < static_cast<int>(std::size(kColumns)); ++i) {
+    for (std::size_t i = 0; i < kResultColumns.size(); ++i) {
         LVCOLUMNA column{};
         column.mask = LVCF_FMT | LVCF_SUBITEM;
-        column.fmt = kColumns[i].alignment;
-        column.iSubItem = i;
-        ::SendMessageA(m_window, LVM_INSERTCOLUMNA, static_cast<WPARAM>(i),
-                       reinterpret_cast<LPARAM>(&column));
+        column.fmt = AlignmentOf(i);
+        column.iSubItem = static_cast<int>(i);
+        ::SendMessageA(m_window, LVM_INSERTCOLUMNA, i, reinterpret_cast<LPARAM>(&column));
     }
 }
 
-void PipeList::ShowHeaders(const CLanguage& language, DT_UNITS units)
+void PipeList::ShowHeaders(const ResultRow& headers)
 {
-    for (std::size_t i = 0; i < std::size(kColumns); ++i) {
-        std::string text = HeaderText(language, kColumns[i], units);
+    for (std::size_t i = 0; i < headers.size(); ++i) {
+        std::string text = headers[i];
         LVCOLUMNA column{};
         column.mask = LVCF_TEXT | LVCF_FMT;
-        column.fmt = kColumns[i].alignment;
+        column.fmt = AlignmentOf(i);
         column.pszText = text.data();
         ::SendMessageA(m_window, LVM_SETCOLUMNA, i, reinterpret_cast<LPARAM>(&column));
     }
 }
 
-void PipeList::AddRow(const CLanguage& language, const Pipe& pipe, DT_UNITS units, int decimals)
+void PipeList::AddRow(ResultRow cells)
 {
-    std::string cells[] = {pipe.name,
-                           Wording(language, kMaterials[pipe.material]),
-                           ValueText(language, Quantity::Length, pipe.length, units, decimals),
-                           DiameterText(language, pipe.diameter, units, decimals),
-                           ValueText(language, Quantity::Volume, Content(pipe), units, decimals),
-                           MoneyText(language, Price(pipe), true)};
     LVITEMA item{};
     item.mask = LVIF_TEXT;
     item.iItem = ::SendMessageA(m_window, LVM_GETITEMCOUNT, 0, 0) & INT_MAX;
-    for (std::string& cell : cells) {
-        if (kColumns[item.iSubItem].alignment == LVCFMT_RIGHT)
-            cell += ' ';  // keeps the last digit off the line between the columns
-        item.pszText = cell.data();
-        ::SendMessageA(m_window, item.iSubItem == 0 ? LVM_INSERTITEMA : LVM_SETITEMA, 0,
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        if (kResultColumns[i].number)
+            cells[i] += ' ';  // keeps the last digit off the line between the columns
+        item.iSubItem = static_cast<int>(i);
+        item.pszText = cells[i].data();
+        ::SendMessageA(m_window, i == 0 ? LVM_INSERTITEMA : LVM_SETITEMA, 0,
                        reinterpret_cast<LPARAM>(&item));
-        ++item.iSubItem;
     }
 }
 
@@ -103,19 +79,19 @@ void PipeList::FitColumn(std::size_t index)
         ::SendMessageA(m_window, LVM_GETITEMTEXTA, row, reinterpret_cast<LPARAM>(&cell));
         width = std::max(width, TextWidth(m_window, text));
     }
-    ::SendMessageA(m_window, LVM_SETCOLUMNWIDTH, index, std::max(width + Scaled(28), Scaled(96)));
+    ::SendMessageA(m_window, LVM_SETCOLUMNWIDTH, index, std::max(width + Scaled(24), Scaled(72)));
 }
 
-void PipeList::Show(const CLanguage& language, const std::vector<Pipe>& pipes, DT_UNITS units,
-                    int decimals)
+void PipeList::Show(const CLanguage& language, const std::vector<Pipe>& pipes,
+                    const Settings& settings)
 {
     const auto selected = Selected();
     ::SendMessageA(m_window, WM_SETREDRAW, FALSE, 0);
     ::SendMessageA(m_window, LVM_DELETEALLITEMS, 0, 0);
-    ShowHeaders(language, units);
+    ShowHeaders(ResultHeaders(language, settings.units));
     for (const Pipe& pipe : pipes)
-        AddRow(language, pipe, units, decimals);
-    for (std::size_t i = 0; i < std::size(kColumns); ++i)
+        AddRow(ResultCells(language, pipe, settings));
+    for (std::size_t i = 0; i < kResultColumns.size(); ++i)
         FitColumn(i);
     ::SendMessageA(m_window, WM_SETREDRAW, TRUE, 0);
     ::InvalidateRect(m_window, nullptr, TRUE);

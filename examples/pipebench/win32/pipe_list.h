@@ -1,8 +1,7 @@
-// The list of pipes: one row each, columns in the user's language.
+// The table of results: a row per pipe, columns in the user's language.
 #pragma once
 
-#include "core/pipe.h"
-#include "core/units.h"
+#include "core/results.h"
 
 #include <qxutility/config/language.h>
 
@@ -19,15 +18,14 @@ class PipeList {
     HWND Window() const { return m_window; }
 
     // Replaces headers and rows; columns become as wide as their widest text.
-    void Show(const CLanguage& language, const std::vector<Pipe>& pipes, DT_UNITS units,
-              int decimals);
+    void Show(const CLanguage& language, const std::vector<Pipe>& pipes, const Settings& settings);
     std::optional<std::size_t> Selected() const;
     void Select(std::size_t row);
 
   private:
-    void ShowHeaders(const CLanguage& language, DT_UNITS units);
+    void ShowHeaders(const ResultRow& headers);
     void FitColumn(std::size_t index);
-    void AddRow(const CLanguage& language, const Pipe& pipe, DT_UNITS units, int decimals);
+    void AddRow(ResultRow cells);
 
     HWND m_window = nullptr;
 };

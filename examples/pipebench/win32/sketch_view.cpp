@@ -22,42 +22,32 @@ static constexpr COLORREF kDimensions = RGB(90, 90, 90);
 void SketchView::Create(HWND parent, std::function<void(std::size_t)> onClick)
 {
     m_onClick = std::move(onClick);
-    const HINSTANCE module = ::GetModuleHandleA(nullptr);
-    WNDCLASSA info{};
-    info.style = CS_HREDRAW | CS_VREDRAW;
-    info.lpfnWndProc = Procedure;
-    info.hInstance = module;
-    info.lpszClassName = "PIPEBENCH_SKETCH";
-    info.hCursor = ::LoadCursorA(nullptr, IDC_ARROW);
-    ::RegisterClassA(&info);
-    m_window = ::CreateWindowExA(0, info.lpszClassName, "", WS_CHILD | WS_VISIBLE, 0, 0, 0, 0,
-                                 parent, nullptr, module, this);
+    CreateObjectWindow({"PIPEBENCH_SKETCH", CS_HREDRAW | CS_VREDRAW, nullptr}, parent);
 }
 
 void SketchView::Show(Content content)
 {
     m_content = std::move(content);
-    ::InvalidateRect(m_window, nullptr, FALSE);
+    ::InvalidateRect(Window(), nullptr, FALSE);
 }
 
-LRESULT CALLBACK SketchView::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+void SketchView::Select(std::optional<std::size_t> pipe)
 {
-    if (message == WM_NCCREATE) {
-        auto* view = static_cast<SketchView*>(
-            reinterpret_cast<const CREATESTRUCTA*>(lParam)->lpCreateParams);
-        view->m_window = window;
-        ::SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(view));
-    }
-    auto* view = reinterpret_cast<SketchView*>(::GetWindowLongPtrA(window, GWLP_USERDATA));
-    switch (view ? message : WM_NULL) {
+    m_content.selected = pipe;
+    ::InvalidateRect(Window(), nullptr, FALSE);
+}
+
+LRESULT SketchView::Handle(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
         case WM_PAINT:
-            return view->OnPaint(), 0;
+            return OnPaint(), 0;
         case WM_LBUTTONDOWN:
-            return view->OnClick(GET_X_LPARAM(lParam)), 0;
+            return OnClick(GET_X_LPARAM(lParam)), 0;
         case WM_ERASEBKGND:
             return 1;  // painting covers everything
         default:
-            return ::DefWindowProcA(window, message, wParam, lParam);
+            return ObjectWindow::Handle(message, wParam, lParam);
     }
 }
 
@@ -71,7 +61,7 @@ std::vector<Area> SketchView::Sketch(const RECT& client) const
 void SketchView::OnClick(int x) const
 {
     RECT client;
-    ::GetClientRect(m_window, &client);
+    ::GetClientRect(Window(), &client);
     if (!m_content.pipes)
         return;
     if (const auto index = PipeAt(Sketch(client), x))
@@ -82,9 +72,9 @@ void SketchView::OnClick(int x) const
 void SketchView::OnPaint()
 {
     PAINTSTRUCT paint;
-    const HDC screen = ::BeginPaint(m_window, &paint);
+    const HDC screen = ::BeginPaint(Window(), &paint);
     RECT client;
-    ::GetClientRect(m_window, &client);
+    ::GetClientRect(Window(), &client);
     const HDC dc = ::CreateCompatibleDC(screen);
     const HBITMAP bitmap = ::CreateCompatibleBitmap(screen, client.right, client.bottom);
     {
@@ -94,7 +84,7 @@ void SketchView::OnPaint()
     }
     ::DeleteObject(bitmap);
     ::DeleteDC(dc);
-    ::EndPaint(m_window, &paint);
+    ::EndPaint(Window(), &paint);
 }
 
 void SketchView::Draw(HDC dc, const RECT& client) const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/sketch.h"
+#include "win32/object_window.h"
 
 #include <windows.h>
 
@@ -9,7 +10,7 @@
 
 namespace pipebench {
 
-class SketchView {
+class SketchView : public ObjectWindow {
   public:
     struct Label {
         std::string size, length;  // below the pipe
@@ -23,10 +24,10 @@ class SketchView {
     // `onClick` hears of the pipe that was clicked.
     void Create(HWND parent, std::function<void(std::size_t)> onClick);
     void Show(Content content);
-    HWND Window() const { return m_window; }
+    void Select(std::optional<std::size_t> pipe);
 
   private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnPaint();
     void OnClick(int x) const;
     void Draw(HDC dc, const RECT& client) const;
@@ -34,7 +35,6 @@ class SketchView {
     void DrawLabels(HDC dc, std::size_t index, const Area& area, const RECT& client) const;
     std::vector<Area> Sketch(const RECT& client) const;
 
-    HWND m_window = nullptr;
     std::function<void(std::size_t)> m_onClick;
     Content m_content{};
 };
