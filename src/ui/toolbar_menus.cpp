@@ -1,5 +1,8 @@
 #include "ui/toolbar_menus.h"
 
+#include "config/template_text.h"
+#include "env/wording.h"
+
 #include <algorithm>
 
 namespace qx {
@@ -49,36 +52,43 @@ std::vector<MenuEntry> StripMenu(std::span<const MenuBar> bars, const StripMenuS
     const bool fixed = !IsCustomizable(bars, state.hit);
     std::vector<MenuEntry> menu;
     if (state.hasCatalogue) {
-        menu.push_back({kCommandNew, "New Toolbar", CountLeading(bars) >= kMostBars - 1, false});
-        menu.push_back(
-            {kCommandDelete, "Delete Toolbar: " + NameOf(bars, state.hit), fixed, false});
+        const bool full = CountLeading(bars) >= kMostBars - 1;
+        menu.push_back({kCommandNew, Translated("New Toolbar"), full, false});
+        menu.push_back({kCommandDelete, Translated("Delete Toolbar: ") + NameOf(bars, state.hit),
+                        fixed, false});
         menu.push_back({});
     }
-    menu.push_back({kCommandLock, "Lock Toolbars", false, state.locked});
+    menu.push_back({kCommandLock, Translated("Lock Toolbars"), false, state.locked});
     menu.push_back({});
-    menu.push_back({kCommandCustomize, "Customize...", fixed, false});
-    menu.push_back({kCommandReset, "Reset Toolbars", false, false});
+    menu.push_back({kCommandCustomize, Translated("Customize") + "...", fixed, false});
+    menu.push_back({kCommandReset, Translated("Reset Toolbars"), false, false});
     menu.push_back({});
     AddBars(menu, bars);
     return menu;
+}
+
+static std::string ShownText(const MenuEntry& entry)
+{
+    const std::string verb = Translated(entry.isChecked ? "Hide" : "Show");
+    return ExpandText(ExpandText(Translated("%s %s toolbar"), verb),
+                      entry.text.substr(0, kMostItemBytes));
 }
 
 std::string StatusText(const MenuEntry& entry)
 {
     switch (entry.command) {
         case kCommandCustomize:
-            return "Customize the selected toolbar";
+            return Translated("Customize the selected toolbar");
         case kCommandLock:
-            return "Lock the toolbar positions";
+            return Translated("Lock the toolbar positions");
         case kCommandNew:
-            return "Create a new toolbar";
+            return Translated("Create a new toolbar");
         case kCommandDelete:
-            return "Remove the selected toolbar";
+            return Translated("Remove the selected toolbar");
         case kCommandReset:
-            return "Return all toolbars to their defaults";
+            return Translated("Return all toolbars to their defaults");
         default:
-            return (entry.isChecked ? "Hide " : "Show ") + entry.text.substr(0, kMostItemBytes) +
-                   " toolbar";
+            return ShownText(entry);
     }
 }
 
@@ -93,12 +103,12 @@ std::optional<NewBar> PlaceForNewBar(std::span<const MenuBar> bars)
 
 std::string DeleteQuestion(const std::string& name)
 {
-    return "Are you sure you want to delete toolbar: " + name + "?";
+    return Translated("Are you sure you want to delete toolbar: ") + name + "?";
 }
 
-const char* ResetQuestion()
+std::string ResetQuestion()
 {
-    return "Are you sure you want to reset all toolbars to the program defaults?";
+    return Translated("Are you sure you want to reset all toolbars to the program defaults?");
 }
 
 // ---- Buttons

@@ -1,5 +1,6 @@
 // What the menus around toolbars contain, without a menu: the strip's own menu, and the states of a
-// host's menus and of the buttons, which follow the host's answers.
+// host's menus and of the buttons, which follow the host's answers. Texts are in the user's
+// language.
 #pragma once
 
 #include "ui/toolbar_file.h"
@@ -57,7 +58,7 @@ struct NewBar {
 std::optional<NewBar> PlaceForNewBar(std::span<const MenuBar> bars);
 
 std::string DeleteQuestion(const std::string& name);
-const char* ResetQuestion();
+std::string ResetQuestion();
 
 // ---- Buttons
 
