@@ -30,5 +30,6 @@
 #include <qxutility/ui/dialog_fields.h>
 #include <qxutility/ui/dockable_window.h>
 #include <qxutility/ui/tool_tipper.h>
+#include <qxutility/ui/toolbar_master.h>
 #include <qxutility/ui/warning_list.h>
 #include <qxutility/ui/window_layout.h>
