@@ -27,6 +27,9 @@ packages[wine64]="wine wine64 fonts-wine libxcomposite1 libxcursor1 libxfixes3 l
 packages[wine32]="wine32:i386 libxcomposite1:i386 libxcursor1:i386 libxfixes3:i386 libxi6:i386
     libxinerama1:i386 libxrandr2:i386 libxrender1:i386 libxxf86vm1:i386 libcups2:i386"
 
+# A printing service of the tests' own (tools/print/session.sh), and what reads its PDFs.
+packages[printing]="cups-daemon ghostscript poppler-utils"
+
 # The peers that the benchmarks measure against.
 packages[bench]="libicu-dev icu-devtools gettext libsimpleini-dev libpugixml-dev librapidxml-dev
     libdeflate-dev liblz4-dev zlib1g-dev libzstd-dev"

@@ -62,6 +62,8 @@ start_screen() {
 }
 
 start_wine() {
+    # Tests print on the printer of tools/print/session.sh, never on somebody's.
+    [ -n "${QX_PRINTED:-}${OWN_SCREEN:-}" ] || export CUPS_SERVER=localhost:1
     export QX_WINE_SESSION=1 WINEDEBUG=${WINEDEBUG:--all} LC_ALL=C.UTF-8
     export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-'mscoree,mshtml=;winemenubuilder.exe=d'}
     # A server that stays: saves 1 to 3 seconds at the start of each program.
