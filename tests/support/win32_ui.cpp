@@ -290,9 +290,10 @@ std::string SharedMnemonics(const std::vector<std::string>& texts)
     return shared;
 }
 
+// Menus, cursors and icons: what is asked of the process itself, not of Wine's server.
 static bool IsUserObject(UINT_PTR handle)
 {
-    if (::IsWindow(reinterpret_cast<HWND>(handle)) || ::IsMenu(reinterpret_cast<HMENU>(handle)))
+    if (::IsMenu(reinterpret_cast<HMENU>(handle)))
         return true;
     ICONINFO icon;
     if (!::GetIconInfo(reinterpret_cast<HICON>(handle), &icon))
@@ -302,6 +303,25 @@ static bool IsUserObject(UINT_PTR handle)
     return true;
 }
 
+static BOOL CALLBACK CountWindow(HWND window, LPARAM count)
+{
+    DWORD process = 0;
+    ::GetWindowThreadProcessId(window, &process);
+    if (process == ::GetCurrentProcessId())
+        *reinterpret_cast<int*>(count) += 1 + static_cast<int>(ChildrenOf(window).size());
+    return TRUE;
+}
+
+static int CountWindows()
+{
+    int count = 0;
+    const auto parameter = reinterpret_cast<LPARAM>(&count);
+    ::EnumWindows(CountWindow, parameter);
+    for (HWND window = nullptr; (window = ::FindWindowExA(HWND_MESSAGE, window, nullptr, nullptr));)
+        CountWindow(window, parameter);
+    return count;
+}
+
 ObjectCounts CountObjects()
 {
     const HANDLE process = ::GetCurrentProcess();
@@ -309,10 +329,12 @@ ObjectCounts CountObjects()
                         static_cast<int>(::GetGuiResources(process, GR_USEROBJECTS))};
     if (counts.drawing != 0)
         return counts;
-    // Wine keeps no count, but takes the low halves of handles for the whole.
+    // Wine keeps no count, but takes the low halves of handles for the whole; those of menus,
+    // cursors and icons are even. A window would cost a call of the server for every number.
+    counts.user = CountWindows();
     for (UINT_PTR handle = 1; handle < 0x10000; ++handle) {
         counts.drawing += ::GetObjectType(reinterpret_cast<HGDIOBJ>(handle)) != 0;
-        counts.user += IsUserObject(handle);
+        counts.user += handle % 2 == 0 && IsUserObject(handle);
     }
     return counts;
 }

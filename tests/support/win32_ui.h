@@ -77,7 +77,7 @@ std::string SharedMnemonics(const std::vector<std::string>& texts);
 std::vector<HWND> ChildrenOf(HWND window);
 
 // What the process holds of the system's drawing objects, and of its windows, menus, cursors and
-// icons (under Wine: of all processes of the session). To be compared before and after.
+// icons. To be compared before and after.
 struct ObjectCounts {
     int drawing, user;
     bool operator==(const ObjectCounts&) const = default;
