@@ -5,6 +5,7 @@
 #include <qxutility/config/startup.h>
 #include <qxutility/ui/dialog_fields.h>
 
+#include <algorithm>
 #include <cmath>
 #include <gmock/gmock.h>
 
@@ -35,24 +36,17 @@ using TypedNumbers = DialogFields;
 
 TEST_F(DialogFields, ShowNumbersInTheUsersForm)
 {
-    struct Case {
-        double value;
-        const char *english, *german;
-    };
-    const Case cases[] = {
-        {1.5, "1.5", "1,5"},
-        {-0.25, "-0.25", "-0,25"},
-        {123456789.123, "123456789", "123456789"},
-        {1234567.891, "1234567.89", "1234567,89"},
-        {1e10, "1e+010", "1e+010"},
-        {1.5e-7, "1.5e-007", "1,5e-007"},
-        {0, "0", "0"},
-    };
-    for (const Case& c : cases) {
+    const std::pair<double, const char*> cases[] = {
+        {1.5, "1,5"},     {123456789.123, "123456789"}, {1234567.891, "1234567,89"},
+        {1e10, "1e+010"}, {1.5e-7, "1,5e-007"},         {0, "0"}};
+    for (const auto& [value, german] : cases) {
         for (const DWORD language : {kEnglish, kGerman}) {
             QXUtility_SetLanguage(language);
-            SetDlgItemDouble(m_window, kEdit, c.value);
-            EXPECT_EQ(language == kGerman ? c.german : c.english, Shown());
+            SetDlgItemDouble(m_window, kEdit, value);
+            std::string expected = german;
+            if (language == kEnglish)
+                std::replace(expected.begin(), expected.end(), ',', '.');
+            EXPECT_EQ(expected, Shown());
         }
     }
     SetDlgItemDouble(m_window, kEdit, 0.1f);
@@ -63,26 +57,15 @@ TEST_F(DialogFields, ShowNumbersInTheUsersForm)
 
 TEST_F(DialogFields, ReadNumbersInTheUsersForm)
 {
-    struct Case {
-        DWORD language;
-        const char* text;
-        double value;
-    };
-    const Case cases[] = {
-        {kEnglish, "1.5", 1.5},
-        {kGerman, "1,5", 1.5},
-        {kGerman, "1.5", 1.5},
-        {kEnglish, " 12 mm", 12},
-        {kEnglish, "-1e3", -1000},
-        {kEnglish, "none", 0},
-        {kEnglish, "", 0},
-        {kEnglish, "1e", 0},
-        {kEnglish, "1234567890123456789012", 1234567890123456789.0},  // 19 characters
-    };
-    for (const Case& c : cases) {
-        QXUtility_SetLanguage(c.language);
-        Enter(c.text);
-        EXPECT_EQ(c.value, GetDlgItemDouble(m_window, kEdit)) << c.text;
+    const std::pair<const char*, double> cases[] = {
+        {"1,5", 1.5},   {"1.5", 1.5},
+        {" 12 mm", 12}, {"-1e3", -1000},
+        {"none", 0},    {"", 0},
+        {"1e", 0},      {"1234567890123456789012", 1234567890123456789.0}};  // 19 characters
+    QXUtility_SetLanguage(kGerman);
+    for (const auto& [text, value] : cases) {
+        Enter(text);
+        EXPECT_EQ(value, GetDlgItemDouble(m_window, kEdit)) << text;
     }
     Enter((std::string(19, '7') + std::string(100'000, 'x')).c_str());
     EXPECT_EQ(7777777777777777777.0, GetDlgItemDouble(m_window, kEdit));
@@ -103,26 +86,27 @@ TEST_F(DialogFields, TellWhetherANumberHasChanged)
 
 TEST_F(DialogFields, TellWhetherATextHasChanged)
 {
-    GuardedBuffer text(6);
+    GuardedBuffer text(6), none(1);
     text = "";
+    const struct {
+        const char* entered;
+        bool changed;
+        const char* text;
+    } cases[] = {{"Pump", true, "Pump"},
+                 {"Pump", false, "Pump"},
+                 {"pump", true, "pump"},
+                 {"Pumping", true, "Pumpi"},
+                 {"", true, ""}};
+    for (const auto& c : cases) {
+        Enter(c.entered);
+        EXPECT_EQ(c.changed, GetDlgItemTextChanged(m_window, kEdit, text, 5)) << c.entered;
+        EXPECT_STREQ(c.text, text);
+        EXPECT_FALSE(GetDlgItemTextChanged(m_window, kMissing, text, 5));
+        EXPECT_STREQ(c.text, text) << "no such control";
+    }
+    none = "";
     Enter("Pump");
-    EXPECT_TRUE(GetDlgItemTextChanged(m_window, kEdit, text, 5));
-    EXPECT_STREQ("Pump", text);
-    EXPECT_FALSE(GetDlgItemTextChanged(m_window, kEdit, text, 5));
-    Enter("pump");
-    EXPECT_TRUE(GetDlgItemTextChanged(m_window, kEdit, text, 5)) << "case matters";
-    Enter("Pumping");
-    EXPECT_TRUE(GetDlgItemTextChanged(m_window, kEdit, text, 5));
-    EXPECT_STREQ("Pumpi", text);
-    EXPECT_FALSE(GetDlgItemTextChanged(m_window, kMissing, text, 5));
-    EXPECT_STREQ("Pumpi", text);
-    Enter("");
-    EXPECT_TRUE(GetDlgItemTextChanged(m_window, kEdit, text, 5));
-    EXPECT_STREQ("", text);
-    GuardedBuffer one(1);
-    one = "";
-    Enter("Pump");
-    EXPECT_FALSE(GetDlgItemTextChanged(m_window, kEdit, one, 0));
+    EXPECT_FALSE(GetDlgItemTextChanged(m_window, kEdit, none, 0));
 }
 
 TEST_F(DialogFields, HoldTextsAndWholeNumbers)

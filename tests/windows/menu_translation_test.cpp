@@ -72,16 +72,6 @@ TEST(MenuTranslation, ReachesEveryLevel)
     }
 }
 
-TEST(MenuTranslation, ChangesNothingWithoutATable)
-{
-    CLanguage language;
-    language.SetLanguage(kGerman);
-    const TestMenu menu;
-    language.Menu(menu.bar, 0);
-    language.Menu(nullptr, 0);
-    EXPECT_EQ(kEnglishTexts, menu.All());
-}
-
 // With a locale, the wordings on the screen are those of the current language.
 TEST(MenuTranslation, GoesFromTheCurrentLanguageToAnother)
 {
@@ -90,6 +80,7 @@ TEST(MenuTranslation, GoesFromTheCurrentLanguageToAnother)
     ::ModifyMenuA(menu.file, kExit, MF_BYCOMMAND, kExit, "Beenden");
     test.language.Menu(menu.bar, kFrench);
     EXPECT_EQ("Quitter", TextsOf(menu.file)[3]);
+    test.language.Menu(nullptr, 0);
 }
 
 TEST(MenuTranslation, LeavesSubmenusWorking)
@@ -158,7 +149,7 @@ TEST(MenuTranslation, DotsStayForTheRestOfTheLevel)
     EXPECT_THAT(TextsOf(menu.bar), ElementsAre("&Datei"));
 }
 
-TEST(MenuTranslation, SkipsItemsThatShowNoText)
+TEST(MenuTranslation, SkipsItemsThatShowNoTextAndCutsOthersAt269Characters)
 {
     const TestLanguage test(kTable, kGerman);
     const HMENU menu = ::CreatePopupMenu();
@@ -167,31 +158,21 @@ TEST(MenuTranslation, SkipsItemsThatShowNoText)
     ::AppendMenuA(menu, MF_OWNERDRAW, 2, "Open");
     ::AppendMenuA(menu, MF_STRING, 3, "");
     ::AppendMenuA(menu, MF_STRING, 0, "Open");  // an identifier of 0 counts as a separator
+    ::AppendMenuA(menu, MF_STRING, 4, std::string(5'000, 'x').c_str());
 
     const auto before = {InfoOf(menu, 0), InfoOf(menu, 1)};
     test.language.Menu(menu, 0);
 
     UINT position = 0;
     for (const MENUITEMINFOA& item : before) {
-        EXPECT_EQ(item.fType, InfoOf(menu, position).fType) << position;
-        EXPECT_EQ(item.hbmpItem, InfoOf(menu, position).hbmpItem) << position;
-        EXPECT_EQ(item.dwItemData, InfoOf(menu, position).dwItemData) << position;
-        ++position;
+        const MENUITEMINFOA after = InfoOf(menu, position++);
+        EXPECT_EQ(item.fType, after.fType) << position;
+        EXPECT_EQ(item.hbmpItem, after.hbmpItem) << position;
+        EXPECT_EQ(item.dwItemData, after.dwItemData) << position;
     }
     EXPECT_EQ("", TextsOf(menu)[2]);
     EXPECT_EQ("Open", TextsOf(menu)[3]);
+    EXPECT_EQ(std::string(269, 'x'), TextsOf(menu)[4]);
     ::DestroyMenu(menu);
     ::DeleteObject(bitmap);
-}
-
-TEST(MenuTranslation, CutsTextsAt269Characters)
-{
-    const TestLanguage test(kTable, kGerman);
-    for (const std::size_t length : {268u, 269u, 270u, 5'000u}) {
-        const HMENU menu = ::CreatePopupMenu();
-        ::AppendMenuA(menu, MF_STRING, 1, std::string(length, 'x').c_str());
-        test.language.Menu(menu, 0);
-        EXPECT_EQ(std::min<std::size_t>(length, 269), TextsOf(menu)[0].size()) << length;
-        ::DestroyMenu(menu);
-    }
 }
