@@ -16,15 +16,8 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 
 static constexpr DWORD kEnglish = 0x0409, kGerman = 0x0407;
-enum {
-    kDescription = 1000,
-    kName = 1001,
-    kAnchor = 1003,
-    kList = 1128,
-    kHelp = 1129,
-    kFolder = 2505,
-    kFolderButton = 2515
-};
+static constexpr int kDescription = 1000, kName = 1001, kAnchor = 1003, kList = 1128, kHelp = 1129;
+static constexpr int kFolder = 2505, kFolderButton = 2515;
 
 namespace {
 
