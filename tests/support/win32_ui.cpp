@@ -119,6 +119,8 @@ static int answered;
 
 static void CALLBACK Answer(HWND dialog, UINT, UINT_PTR id, DWORD)
 {
+    if (!::IsWindowVisible(dialog))
+        return;  // a dialog shows itself when no message waits any more: the timer comes again
     ::KillTimer(dialog, id);
     ++answered;
     if (answer)
