@@ -1,4 +1,4 @@
-// The time.
+// The time, and waiting for it to pass.
 #pragma once
 
 #include <cstdint>
@@ -13,5 +13,8 @@ struct LocalTime {
 
 std::int64_t SecondsSince1970();                       // UTC
 LocalTime ToLocalTime(std::int64_t secondsSince1970);  // from year 1 to 9999
+
+// The calling thread does nothing meanwhile; messages to its windows wait, too.
+void Wait(unsigned milliseconds);
 
 }  // namespace qx::platform

@@ -14,6 +14,11 @@ std::string AttachmentName(std::string_view title);
 // The PDF that stands for a temporary file: its last three characters become "pdf".
 std::string PdfPathFor(std::string_view temporaryFile);
 
+// The name of a file for the report, which may be of any title.
+std::string ReportFileName(std::string_view title);
+// The same name for the n-th file: "Report.pdf", "Report (2).pdf".
+std::string NumberedName(std::string_view fileName, int number);
+
 // Whether a message counts as handed over for a result of MAPISendMail: also when the person
 // decided not to send it, or not to log on.
 bool IsHandedOver(unsigned long result);

@@ -12,6 +12,10 @@ namespace qx {
 inline constexpr char kPdfDriver[] = "PDF-XChange 3.0";
 inline constexpr char kPdfDriverDe[] = "PDF-XChange DE";
 
+// Asked when there is none of those: what the system itself brings. It is told nothing but the
+// path, in the document's description.
+inline constexpr char kSystemPdfPrinter[] = "Microsoft Print to PDF";
+
 struct PdfJob {
     bool pdf = false, mail = false;  // the document is wanted as a file, as an attachment
     bool silent = false;             // there is no window to ask from

@@ -5,12 +5,15 @@
 #include "platform/clock.h"
 
 #include <chrono>
+#include <functional>
 
 namespace qx::test {
 
 struct ClockDouble : InForce<ClockDouble> {
     std::int64_t now = 1226568000;       // seconds since 1970 UTC: 2008-11-13 09:20:00
     std::int64_t secondsAheadOfUtc = 0;  // of the local time
+    unsigned waited = 0;                 // milliseconds, which take no time
+    std::function<void()> meanwhile = [] {};
 };
 
 }  // namespace qx::test
@@ -20,6 +23,13 @@ namespace qx::platform {
 std::int64_t SecondsSince1970()
 {
     return test::ClockDouble::Current().now;
+}
+
+void Wait(unsigned milliseconds)
+{
+    auto& clock = test::ClockDouble::Current();
+    clock.waited += milliseconds;
+    clock.meanwhile();
 }
 
 LocalTime ToLocalTime(std::int64_t secondsSince1970)

@@ -1,5 +1,5 @@
-// A printer that exists only for a test: its page is a memory device context. What a job takes from
-// the system is counted, and any one call can be made to fail.
+// Printers that exist only for a test: their page is a memory device context. What a job takes from
+// the system is counted, and any one call can be made to fail. "device" is the default printer.
 #pragma once
 
 #include "print/win32/print_system.h"
@@ -8,7 +8,9 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace qx::test {
 
@@ -27,10 +29,15 @@ struct PrintSystemDouble {
     int failAt = 0;
     std::string failed;
 
-    int held = 0;          // global blocks, device contexts and fonts
-    int locked = 0;        // global blocks
-    std::string document;  // "started", "ended" or "aborted"
-    std::string name;      // of the document
+    std::vector<std::string> printers;  // installed, beside the default one
+    int held = 0;                       // global blocks, device contexts, fonts and open printers
+    int locked = 0;                     // global blocks
+    std::string document;               // "started", "ended" or "aborted"
+    std::string name;                   // of the document
+    std::string device;                 // that the last job was for
+    std::string output;                 // the file that the document goes to
+    std::vector<std::string> escapes;   // code and text
+    std::function<void()> onEndDoc = [] {};
     bool noResolution = false;
     DEVMODEA mode{};  // of the default printer; when a job has started, of that
     ABORTPROC abort = nullptr;
@@ -87,7 +94,48 @@ struct DoubleCalls {
     {
         return Double().noResolution ? 0 : ::GetDeviceCaps(dc, index);
     }
-    static BOOL WINAPI OpenPrinterA(LPSTR, HANDLE*, PRINTER_DEFAULTSA*) { return FALSE; }
+    // A printer's handle is its name.
+    static BOOL WINAPI OpenPrinterA(LPSTR name, HANDLE* printer, PRINTER_DEFAULTSA*)
+    {
+        for (std::string& installed : Double().printers) {
+            if (installed == name) {
+                *printer = installed.data();
+                return ++Double().held;
+            }
+        }
+        return FALSE;
+    }
+    static BOOL WINAPI ClosePrinter(HANDLE) { return Double().held--, TRUE; }
+    static BOOL WINAPI GetPrinterA(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size,
+                                   DWORD* needed)
+    {
+        EXPECT_EQ(2U, level);
+        *needed = sizeof(PRINTER_INFO_2A);
+        if (size < *needed)
+            return FALSE;
+        static char driver[] = "driver";
+        auto* const info = reinterpret_cast<PRINTER_INFO_2A*>(buffer);
+        *info = {};  // no port
+        info->pDriverName = driver;
+        info->pPrinterName = static_cast<char*>(printer);
+        return TRUE;
+    }
+    static LONG WINAPI DocumentPropertiesA(HWND, HANDLE printer, LPSTR, DEVMODEA* mode, DEVMODEA*,
+                                           DWORD flags)
+    {
+        if (flags == 0)
+            return sizeof(DEVMODEA);
+        EXPECT_EQ(static_cast<DWORD>(DM_OUT_BUFFER), flags);
+        std::string_view(static_cast<char*>(printer))
+            .copy(reinterpret_cast<char*>(mode->dmDeviceName), sizeof mode->dmDeviceName);
+        return IDOK;
+    }
+    static int WINAPI ExtEscape(HDC, int code, int size, LPCSTR text, int, LPSTR)
+    {
+        EXPECT_EQ('\0', text[size - 1]);
+        Double().escapes.push_back(std::to_string(code) + ' ' + text);
+        return 0;
+    }
     static HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T size)
     {
         ++Double().held;
@@ -111,7 +159,7 @@ struct DoubleCalls {
     static HDC WINAPI CreateDCA(LPCSTR driver, LPCSTR device, LPCSTR, const DEVMODEA* mode)
     {
         EXPECT_STREQ("driver", driver);
-        EXPECT_STREQ("device", device);
+        Double().device = device;
         Double().mode = *mode;
         ++Double().held;
         return ::CreateCompatibleDC(nullptr);
@@ -125,11 +173,16 @@ struct DoubleCalls {
     {
         Double().document = "started";
         Double().name = info->lpszDocName;
+        Double().output = info->lpszOutput ? info->lpszOutput : "";
         return 1;
     }
     static int WINAPI StartPage(HDC) { return 1; }
     static int WINAPI EndPage(HDC) { return 1; }
-    static int WINAPI EndDoc(HDC) { return Double().document = "ended", 1; }
+    static int WINAPI EndDoc(HDC)
+    {
+        Double().onEndDoc();
+        return Double().document = "ended", 1;
+    }
     static int WINAPI AbortDoc(HDC) { return Double().document = "aborted", 1; }
     static int WINAPI SetAbortProc(HDC, ABORTPROC procedure)
     {
@@ -179,7 +232,8 @@ inline PrintSystemDouble::PrintSystemDouble()
     win32::PrintSystem& system = win32::System();
 #define QX_DOUBLE(call) system.call = DoubleCalls::call
     QX_DOUBLE(PrintDlgA), QX_DOUBLE(PageSetupDlgA), QX_DOUBLE(CommDlgExtendedError);
-    QX_DOUBLE(OpenPrinterA);
+    QX_DOUBLE(OpenPrinterA), QX_DOUBLE(ClosePrinter), QX_DOUBLE(GetPrinterA);
+    QX_DOUBLE(DocumentPropertiesA), QX_DOUBLE(ExtEscape);
     QX_DOUBLE(GlobalAlloc), QX_DOUBLE(GlobalFree), QX_DOUBLE(GlobalLock), QX_DOUBLE(GlobalUnlock);
     QX_DOUBLE(CreateDCA), QX_DOUBLE(DeleteDC), QX_DOUBLE(CreateFontA), QX_DOUBLE(DeleteObject);
     QX_DOUBLE(StartDocA), QX_DOUBLE(StartPage), QX_DOUBLE(EndPage), QX_DOUBLE(EndDoc);
@@ -190,6 +244,8 @@ inline PrintSystemDouble::PrintSystemDouble()
     QX_FAILING(GlobalAlloc, nullptr), QX_FAILING(GlobalLock, nullptr);
     QX_FAILING(CreateDCA, nullptr), QX_FAILING(StartDocA, -1), QX_FAILING(EndDoc, -1);
     QX_FAILING(StartPage, -1), QX_FAILING(EndPage, -1), QX_FAILING(SetAbortProc, -1);
+    QX_FAILING(OpenPrinterA, FALSE), QX_FAILING(GetPrinterA, FALSE);
+    QX_FAILING(DocumentPropertiesA, -1);
     QX_FAILING(CreateFontA, nullptr), QX_FAILING(SelectObject, nullptr);
     QX_FAILING(GetTextMetricsA, FALSE), QX_FAILING(CreateDialogParamA, nullptr);
 #undef QX_FAILING

@@ -1,4 +1,5 @@
 // What a job tells people, PDF drivers and mail clients.
+#include "print/device_names.h"
 #include "print/job_messages.h"
 #include "print/mail_texts.h"
 #include "print/pdf_settings.h"
@@ -64,4 +65,31 @@ TEST(Mail, NamesRecipientAndAttachment)
     EXPECT_EQ("Pumps %s.pdf", AttachmentName("Pumps %s.pdf"));
     EXPECT_EQ("C:\\Temp\\tal1.pdf", PdfPathFor("C:\\Temp\\tal1.tmp"));
     EXPECT_EQ("pdf", PdfPathFor("ab"));
+}
+
+TEST(Mail, NamesTheFileOfAReport)
+{
+    const struct {
+        std::string title, name;
+    } cases[] = {{"", "TheReport.pdf"},
+                 {"Pumps & pipes", "Pumps & pipes.pdf"},
+                 {"a/b\\c:d.PDF", "a_b_c_d.pdf"},
+                 {"..\\..", ".._.pdf"},
+                 {"Line 3. ", "Line 3.pdf"},
+                 {". .", "Report.pdf"},
+                 {std::string(10'000, 'x'), std::string(100, 'x') + ".pdf"}};
+    for (const auto& c : cases)
+        EXPECT_EQ(c.name, ReportFileName(c.title)) << c.title;
+    EXPECT_EQ("a.b.pdf", NumberedName("a.b.pdf", 1));
+    EXPECT_EQ("a.b (2).pdf", NumberedName("a.b.pdf", 2));
+    EXPECT_EQ("a (3)", NumberedName("a", 3));
+}
+
+TEST(DeviceNames, StandBehindTheirPlaces)
+{
+    using namespace std::string_literals;
+    EXPECT_EQ("\x08\0\x0b\0\x10\0\0\0dr\0PDF \0\0"s, DeviceNamesBlock("dr", "PDF ", ""));
+    const std::string longest(65'535 - 8 - 2, 'x');
+    EXPECT_EQ("\x08\0\xfe\xff\xff\xff\0\0"s, DeviceNamesBlock(longest, "", "port")->substr(0, 8));
+    EXPECT_FALSE(DeviceNamesBlock(longest, "x", ""));
 }

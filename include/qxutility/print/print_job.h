@@ -18,6 +18,7 @@
 #include <commdlg.h>
 
 #include <string>
+#include <string_view>
 
 namespace qx {
 struct JobMessage;
@@ -106,11 +107,14 @@ class QX_API QXPrint {
     // A mailed report is then handed to the mail client. Nothing happens without a running job.
     void EndPrint(int result);
 
-    // From now on reports are written to the PDF file `path` (at most 259 characters); null or
-    // empty lets the PDF printer ask.
+    // The next report is written to the PDF file `path`. Null, empty and longer than 259 characters
+    // stand for no path: the PDF printer then asks for one (a silent job with the system's own PDF
+    // printer is refused).
     void PDFSetFileName(const char* path);
-    // From now on reports are mailed as a PDF attachment of the name `title`, "TheReport.PDF" when
-    // that is empty. The file is a temporary one, gone after EndPrint.
+    // The next report is mailed as a PDF attachment of the name `title`, "TheReport.PDF" when that
+    // is empty. The file is a temporary one, gone after EndPrint; a PDFSetFileName that follows
+    // takes its place, and that file is gone then. When the report cannot be sent, a job with an
+    // owner offers to keep it.
     void EmailSetTitle(std::string title);
     void EmailSetTitle(const char* title);
 
@@ -145,6 +149,12 @@ class QX_API QXPrint {
     HGLOBAL m_savedDeviceNames = nullptr;  // the user's printer while a job is diverted
     HGLOBAL m_savedDeviceMode = nullptr;
     bool m_diverted = false;  // from PDFDivertPrinter to PDFResetPrinter
+
+    std::string m_placeholder;  // what keeps the name of a temporary PDF free; empty for none
+
+    void SetReportPath(std::string_view path);
+    void RemovePlaceholder();
+    bool PrepareSystemPrinter();
 
     bool TakeDefaultPrinter(const std::string& kind);
     bool AskForPrinter(HWND owner, const std::string& kind);

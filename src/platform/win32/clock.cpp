@@ -1,5 +1,7 @@
 #include "platform/clock.h"
 
+#include <qxutility/types.h>
+
 #include <chrono>
 #include <ctime>
 
@@ -24,6 +26,11 @@ LocalTime ToLocalTime(std::int64_t secondsSince1970)
     ::_localtime64_s(&local, &time);
     const int year = local.tm_year + 1900 + static_cast<int>(cycles) * 400;
     return {year, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec};
+}
+
+void Wait(unsigned milliseconds)
+{
+    ::Sleep(milliseconds);
 }
 
 }  // namespace qx::platform

@@ -4,6 +4,7 @@
 #include "print/job_messages.h"
 #include "print/page_area.h"
 #include "print/win32/cancel_window.h"
+#include "print/win32/mail_report.h"
 #include "print/win32/print_system.h"
 
 #include <qxutility/config/startup.h>
@@ -37,6 +38,7 @@ QXPrint::~QXPrint()
         DeleteObjects();
         Finish();
     }
+    RemovePlaceholder();
     for (const HGLOBAL block : {m_deviceNames, m_deviceMode, m_pdfDeviceNames, m_pdfDeviceMode})
         FreeGlobal(block);
 }
@@ -219,7 +221,7 @@ void QXPrint::EndPrint(int result)
     }
     DeleteObjects();
     if (mail)  // also after a job that was cancelled, as ever
-        EmailMessage(m_owner, m_pdfPath, m_mailTitle.c_str(), nullptr, nullptr, nullptr, nullptr);
+        MailReport(m_owner, m_pdfPath, m_mailTitle);
     Finish();
 }
 

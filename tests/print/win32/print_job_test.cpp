@@ -117,16 +117,17 @@ TEST_F(PrintJob, LeavesNothingBehindWhicheverCallFails)
     const TestWindow owner("Owner");
     EXPECT_THAT(
         RunWithEachFailure(owner),
-        ElementsAre("PrintDlgA ", "GlobalLock ", "PrintDlgA 1009i", "GlobalLock ",
-                    "GlobalLock 1005!", "GlobalLock 1005!", "CreateDCA 1006!", "StartDocA 1006!",
-                    "CreateDialogParamA 1005!", "CreateFontA 1006!", "CreateFontA 1006!",
-                    "SelectObject 1006!", "GetTextMetricsA 1006!", "SelectObject ", "SetAbortProc ",
+        ElementsAre("PrintDlgA ", "GlobalLock ", "OpenPrinterA ", "OpenPrinterA ",
+                    "PrintDlgA 1009i", "GlobalLock ", "GlobalLock 1005!", "GlobalLock 1005!",
+                    "CreateDCA 1006!", "StartDocA 1006!", "GlobalLock ", "CreateDialogParamA 1005!",
+                    "CreateFontA 1006!", "CreateFontA 1006!", "SelectObject 1006!",
+                    "GetTextMetricsA 1006!", "SelectObject ", "SetAbortProc ",
                     "StartPage 1006, code: -1", "EndPage 1006, code: -1", "EndDoc 1006, code: -1"));
 }
 
 TEST_F(PrintJob, WithoutOwnerShowsNoBox)
 {
-    EXPECT_EQ(16U, RunWithEachFailure(nullptr).size());
+    EXPECT_EQ(19U, RunWithEachFailure(nullptr).size());
 }
 
 TEST_F(PrintJob, WithoutPdfPrinterGivesNoPdf)
@@ -156,6 +157,7 @@ TEST_F(PrintJob, SettlesNameAndSettings)
     print.landscape = false;
     print.color = true;
     ASSERT_TRUE(print.SetupPrint(std::string(10000, 't')));
+    EXPECT_EQ("device", system.device);
     EXPECT_EQ(std::string(63, 't'), system.name);
     EXPECT_EQ(static_cast<DWORD>(DM_PAPERSIZE | DM_COPIES | DM_COLOR), system.mode.dmFields);
     EXPECT_EQ(1, system.mode.dmCopies);
