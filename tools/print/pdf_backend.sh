@@ -6,7 +6,6 @@
 umask 022
 name=$(tr -c '[:alnum:] ._\n-' '_' <<<"$3")
 pdf=${DEVICE_URI#pdf:}/${name:0:100}.pdf
-cat "${6:--}" |
-    gs -q -dSAFER -dBATCH -dNOPAUSE -sDEVICE=pdfwrite -dDoNumCopies -o "$pdf.part" \
-        -c "<</NumCopies $(($4))>> setpagedevice" -f - >&2 &&
+gs -q -dSAFER -dBATCH -dNOPAUSE -sDEVICE=pdfwrite -dDoNumCopies -o "$pdf.part" \
+    -c "<</NumCopies $(($4))>> setpagedevice" -f "${6:--}" >&2 &&
     mv "$pdf.part" "$pdf"

@@ -10,10 +10,10 @@
 set -uo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 
-[ -x /usr/sbin/cupsd ] && command -v gs >/dev/null || {
+if [ ! -x /usr/sbin/cupsd ] || ! command -v gs >/dev/null; then
     echo "There is no printing service here: cups-daemon or ghostscript is not installed." >&2
     exec "$@"
-}
+fi
 
 # The daemon needs no privileges, so it gets none: run by root it is "nobody", who cannot enter
 # root's own folders. Socket names are short, temporary folders may not be.
