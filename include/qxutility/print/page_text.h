@@ -48,7 +48,8 @@ QX_API int ColonAt(HDC dc, int x, const char* text);
 // its column, which ends at its tab stop; all that follows the last stop, tabs included, is clipped
 // to the space up to `rightEdge`. Lines of 249 characters or more are drawn as they are.
 //   tabStops   `tabCount` places, measured from `tabOrigin`; null when there are none
-//   tabOrigin  the x that tab stops are measured from
+//   tabOrigin  the x that tab stops are measured from, most often `x`
+//   rightEdge  measured as the tab stops are
 QX_API void SmartTabbedTextOut(HDC dc, int x, int y, const char* text, int unused, int tabCount,
                                const int* tabStops, int tabOrigin, int rightEdge);
 #endif
