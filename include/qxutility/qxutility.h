@@ -29,6 +29,7 @@
 #include <qxutility/ui/button_panel.h>
 #include <qxutility/ui/dialog_fields.h>
 #include <qxutility/ui/dockable_window.h>
+#include <qxutility/ui/menu_states.h>
 #include <qxutility/ui/tool_tipper.h>
 #include <qxutility/ui/toolbar_master.h>
 #include <qxutility/ui/warning_list.h>

@@ -79,7 +79,8 @@ struct MenuItem {
     enum Kind { Command, Separator, Submenu } kind = Command;
     int command = 0;
     unsigned state = 0;
-    std::vector<MenuItem> items;  // of a submenu
+    std::vector<MenuItem> items = {};  // of a submenu
+    int position = 0;                  // for the caller: where the item was before
 };
 using Menu = std::vector<MenuItem>;
 
