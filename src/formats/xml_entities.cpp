@@ -1,6 +1,7 @@
 #include "formats/xml_entities.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 namespace qx {
@@ -62,16 +63,25 @@ static std::string_view EntityOf(char character)
     return found->text;
 }
 
-std::string XmlEscape(std::string_view text)
+// Looked up, as texts are short and most of their characters are plain.
+static constexpr auto kIsSpecial = [] {
+    std::array<bool, 256> isSpecial{};
+    for (const Entity& each : kEntities)
+        isSpecial[static_cast<unsigned char>(each.character)] = true;
+    return isSpecial;
+}();
+
+void AppendXmlEscaped(std::string_view text, std::string& escaped)
 {
-    static constexpr std::string_view kSpecial = "<>'\"&";
-    std::string escaped;
     for (;;) {
-        const std::size_t plain = std::min(text.find_first_of(kSpecial), text.size());
-        escaped += text.substr(0, plain);
+        const auto* special = std::find_if(text.begin(), text.end(), [](char c) {
+            return kIsSpecial[static_cast<unsigned char>(c)];
+        });
+        const auto plain = static_cast<std::size_t>(special - text.begin());
+        escaped.append(text.substr(0, plain));
         if (plain == text.size())
-            return escaped;
-        escaped += EntityOf(text[plain]);
+            return;
+        escaped.append(EntityOf(text[plain]));
         text.remove_prefix(plain + 1);
     }
 }

@@ -12,7 +12,7 @@ namespace qx {
 // did not fit. It is never longer than the text.
 std::size_t XmlUnescape(std::string_view text, char* out, std::size_t room);
 
-// The text with < > & ' " replaced by entities.
-std::string XmlEscape(std::string_view text);
+// Appends the text with < > & ' " replaced by entities.
+void AppendXmlEscaped(std::string_view text, std::string& escaped);
 
 }  // namespace qx

@@ -4,6 +4,7 @@
 #include <qxutility/formats/xml_writer.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cstdlib>
 #include <cstring>
 #include <new>
@@ -13,29 +14,52 @@
 
 namespace {
 
-// A text that grows by a fixed amount.
+// A text that grows by a fixed amount, and behind it a draft that is not yet part of it.
 class GrowingText {
   public:
     explicit GrowingText(std::size_t growth) : m_growth(growth) { Reallocate(5 * growth); }
     GrowingText(const GrowingText& other) : m_growth(other.m_growth)
     {
         Reallocate(other.m_capacity);
-        Append(other.View());
+        Append({other.m_text, other.m_end});
+        m_length = other.m_length;
     }
     GrowingText& operator=(const GrowingText&) = delete;
     ~GrowingText() { std::free(m_text); }
 
     std::string_view View() const { return {m_text, m_length}; }
+    // Of the draft.
+    std::size_t End() const { return m_end; }
+    const char* At(std::size_t position) const { return m_text + position; }
 
-    void Append(std::string_view piece)
+    // Makes the draft longer; returns where that begins.
+    char* Extend(std::size_t by)
     {
-        const std::size_t needed = m_length + piece.size() + 1;
+        const std::size_t needed = m_end + by + 1;
         if (needed > m_capacity)
             Reallocate(std::max(m_capacity + m_growth, needed));
-        piece.copy(m_text + m_length, piece.size());
-        m_length += piece.size();
-        m_text[m_length] = '\0';
+        char* const start = m_text + m_end;
+        m_end += by;
+        return start;
     }
+    void Append(std::string_view piece) { piece.copy(Extend(piece.size()), piece.size()); }
+    void AppendSpaces(std::size_t count) { std::memset(Extend(count), ' ', count); }
+    void CutAt(std::size_t position) { m_end = position; }
+    void Insert(std::size_t position, std::string_view piece)
+    {
+        const std::size_t tail = m_end - position;
+        Extend(piece.size());
+        std::memmove(m_text + position + piece.size(), m_text + position, tail);
+        piece.copy(m_text + position, piece.size());
+    }
+    // Before the draft.
+    void InsertIntoText(std::string_view piece)
+    {
+        Insert(m_length, piece);
+        m_length += piece.size();
+    }
+    // Makes the draft part of the text.
+    void Take() { m_length = m_end; }
 
   private:
     // Large texts are most often enlarged where they are.
@@ -49,25 +73,13 @@ class GrowingText {
     }
 
     std::size_t m_growth;
-    std::size_t m_capacity = 0, m_length = 0;
+    std::size_t m_capacity = 0, m_length = 0, m_end = 0;
     char* m_text = nullptr;
 };
 
-// An element begun and not yet ended.
+// An element begun and not yet ended: where its name stands.
 struct OpenElement {
-    std::string startTag;
-    std::string data;  // escaped
-    std::size_t indent;
-    bool isStarted = false;  // the start tag is in the text
-
-    // The start tag on its line, as far as a child or the end tag.
-    std::string Start() const { return std::string(indent, ' ') + startTag + data; }
-    // The name ends at the first space.
-    std::string EndTag() const
-    {
-        const std::size_t end = std::min(startTag.find(' '), startTag.size() - 1);
-        return "</" + startTag.substr(1, end - 1) + ">\r\n";
-    }
+    std::size_t name, nameLength;
 };
 
 const char* OrEmpty(const char* text)
@@ -80,9 +92,16 @@ const char* OrEmpty(const char* text)
 struct XMLWriter::State {
     explicit State(unsigned growth) : text(growth) {}
 
-    OpenElement* Innermost() { return open.empty() ? nullptr : &open.back(); }
+    void SetData(std::string_view escaped)
+    {
+        text.CutAt(dataStart);
+        text.Append(escaped);
+    }
 
     std::vector<OpenElement> open;
+    // The innermost open element is the draft as long as it has no child.
+    bool isDraft = false;
+    std::size_t dataStart = 0;  // of the draft
     GrowingText text;
 };
 
@@ -96,24 +115,37 @@ XMLWriter& XMLWriter::operator=(const XMLWriter& other)
     return *this;
 }
 
+// The name ends at the first space.
 void XMLWriter::BeginElement(const char* name)
 {
-    if (OpenElement* parent = m_state->Innermost(); parent && !parent->isStarted) {
-        m_state->text.Append(parent->Start() + "\r\n");
-        parent->isStarted = true;
+    State& state = *m_state;
+    if (state.isDraft) {
+        state.text.Append("\r\n");
+        state.text.Take();
     }
-    std::string startTag = std::string("<") + OrEmpty(name) + ">";
-    m_state->open.push_back({std::move(startTag), "", 2 * m_state->open.size()});
+    const std::string_view whole = OrEmpty(name);
+    state.text.AppendSpaces(2 * state.open.size());
+    char* const tag = state.text.Extend(whole.size() + 2);
+    tag[0] = '<';
+    whole.copy(tag + 1, whole.size());
+    tag[whole.size() + 1] = '>';
+    state.isDraft = true;
+    state.dataStart = state.text.End();
+    state.open.push_back(
+        {state.dataStart - whole.size() - 1, std::min(whole.find(' '), whole.size())});
 }
 
 void XMLWriter::AddAttribute(const char* name, const char* value)
 {
-    OpenElement* const element = m_state->Innermost();
-    if (!element)
+    State& state = *m_state;
+    if (!state.isDraft)
         return;
-    element->startTag.pop_back();
-    element->startTag +=
-        std::string(" ") + OrEmpty(name) + "=\"" + qx::XmlEscape(OrEmpty(value)) + "\">";
+    std::string attribute = " ";
+    attribute.append(OrEmpty(name)).append("=\"");
+    qx::AppendXmlEscaped(OrEmpty(value), attribute);
+    attribute += '"';
+    state.text.Insert(state.dataStart - 1, attribute);
+    state.dataStart += attribute.size();
 }
 
 void XMLWriter::AddAttribute(const char* name, int value)
@@ -123,29 +155,47 @@ void XMLWriter::AddAttribute(const char* name, int value)
 
 void XMLWriter::SetData(const char* text)
 {
-    if (OpenElement* element = m_state->Innermost())
-        element->data = qx::XmlEscape(OrEmpty(text));
+    if (!m_state->isDraft)
+        return;
+    std::string escaped;
+    qx::AppendXmlEscaped(OrEmpty(text), escaped);
+    m_state->SetData(escaped);
 }
 
 void XMLWriter::SetData(int value)
 {
-    SetData(std::to_string(value).c_str());
+    char text[16];
+    const char* const end = std::to_chars(std::begin(text), std::end(text), value).ptr;
+    if (m_state->isDraft)
+        m_state->SetData({text, end});
 }
 
 void XMLWriter::EndElement()
 {
-    const OpenElement* const element = m_state->Innermost();
-    if (!element)
+    State& state = *m_state;
+    if (state.open.empty())
         return;
-    const std::string start =
-        element->isStarted ? std::string(element->indent, ' ') : element->Start();
-    m_state->text.Append(start + element->EndTag());
-    m_state->open.pop_back();
+    const OpenElement element = state.open.back();
+    state.open.pop_back();
+    if (!state.isDraft)
+        state.text.AppendSpaces(2 * state.open.size());
+    char* end = state.text.Extend(element.nameLength + 5);
+    end = std::copy_n("</", 2, end);
+    end = std::copy_n(state.text.At(element.name), element.nameLength, end);
+    std::copy_n(">\r\n", 3, end);
+    state.text.Take();
+    state.isDraft = false;
 }
 
 void XMLWriter::StrCat(const char* text)
 {
-    m_state->text.Append(OrEmpty(text));
+    State& state = *m_state;
+    const std::string_view piece = OrEmpty(text);
+    state.text.InsertIntoText(piece);
+    if (state.isDraft) {
+        state.open.back().name += piece.size();
+        state.dataStart += piece.size();
+    }
 }
 
 unsigned XMLWriter::StrLen() const
