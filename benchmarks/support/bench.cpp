@@ -118,6 +118,12 @@ void Table::Compare(const std::string& name, const Work& ours, const std::vector
         m_rows.push_back({name, peers[i].name, seconds[0], seconds[i + 1], peers[i].goal});
 }
 
+void Table::Limit(const std::string& name, const Work& ours, double seconds)
+{
+    if (name.find(m_filter) != std::string::npos)
+        m_rows.push_back({name, "limit", Measure({&ours}, m_rounds)[0], seconds, Faster(1)});
+}
+
 double Table::Ratio(const Row& row)
 {
     return row.goal.kind == Goal::Kind::CostAtMost ? row.ours / row.theirs : row.theirs / row.ours;

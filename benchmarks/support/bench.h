@@ -79,6 +79,9 @@ class Table {
     void Compare(const std::string& name, const Work& ours, const std::vector<Peer>& peers,
                  std::size_t operations = 1);
 
+    // Measures one case for which there is a time that it may take at most.
+    void Limit(const std::string& name, const Work& ours, double seconds);
+
     // Prints all cases; returns what main returns: 0 when every goal was reached, otherwise 1.
     int Print() const;
 

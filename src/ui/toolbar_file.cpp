@@ -4,6 +4,7 @@
 #include <qxutility/formats/xml_writer.h>
 
 #include <algorithm>
+#include <charconv>
 #include <climits>
 #include <cstdlib>
 #include <string_view>
@@ -35,19 +36,18 @@ static std::string BarName(const XMLElement& element)
 }
 
 // Decimal, hexadecimal after "0x", octal after "0".
-static int AnyBaseNumber(XMLElement& element, const char* name)
+static int AnyBaseNumber(const char* text)
 {
-    char text[kTextSize] = "";
-    element.ReadSubElement(name, text, kTextSize, "");
+    int decimal = 0;
+    if (*text >= '1' && *text <= '9' &&
+        std::from_chars(text, text + kTextSize, decimal).ec == std::errc())
+        return decimal;
     const long long value = std::strtoll(text, nullptr, 0);
     return static_cast<int>(std::clamp<long long>(value, INT_MIN, INT_MAX));
 }
 
-static std::uint8_t ReadStyle(XMLElement& element)
+static std::uint8_t StyleOf(std::string_view text)
 {
-    char buffer[kTextSize] = "";
-    element.ReadSubElement("Style", buffer, kTextSize, "");
-    const std::string_view text = buffer;
     if (text == "dropdown")
         return kStyleDropDown;
     if (text == "drop&toggle")
@@ -67,15 +67,25 @@ static std::uint8_t ReadState(const XMLElement& element)
     return stands && std::string_view(text) != "hidden" ? kButtonHidden : 0;
 }
 
+// The last child of a name counts.
 ToolbarButton ReadToolbarButton(XMLElement& element)
 {
     ToolbarButton button;
-    button.style = ReadStyle(element);
+    for (XMLElement* child = element.FirstElement(); child; child = element.NextElement()) {
+        char name[16], text[kTextSize] = {};
+        child->GetElementName(name, sizeof name);
+        child->ReadData(text, kTextSize);
+        const std::string_view kind = name;
+        if (kind == "iBitmap")
+            button.image = AnyBaseNumber(text);
+        else if (kind == "idCommand")
+            button.command = AnyBaseNumber(text);
+        else if (kind == "Style")
+            button.style = StyleOf(text);
+    }
     if (button.IsSeparator())
-        return button;
+        return {0, 0, 0, button.style};
     button.state = ReadState(element);
-    button.image = AnyBaseNumber(element, "iBitmap");
-    button.command = AnyBaseNumber(element, "idCommand");
     return button;
 }
 
