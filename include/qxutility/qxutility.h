@@ -1,6 +1,7 @@
 // The whole interface of the library on this platform.
 #pragma once
 
+#include <qxutility/config/help.h>
 #include <qxutility/config/ini_file.h>
 #include <qxutility/config/language.h>
 #include <qxutility/config/startup.h>

@@ -23,6 +23,7 @@ struct ProcessState {
     std::unique_ptr<CTableReader> table;  // the library's language table; null when there is none
     std::string iniFileName;              // the product INI file; empty until first asked for
     DirectoryCache directories;
+    int helpObjects = 0;  // HTML_HELP objects there are; they outlive a detach
     bool assertsOff = false;
     bool assertSilenced[2] = {};  // AssertMessage with and without an expression
 };

@@ -1,4 +1,4 @@
-// Where the system finds a program.
+// Where the system finds programs and files.
 #pragma once
 
 #include <string>
@@ -14,5 +14,8 @@ namespace qx::platform {
 //            folders before the name with the extension is.
 // A null or empty extension adds nothing.
 std::string FindProgram(const char* name, const char* extension);
+// The same for a file of any kind. On POSIX the folders are the program's, the current one and
+// those of PATH; every regular file counts, and a folder does not.
+std::string FindFile(const char* name, const char* extension);
 
 }  // namespace qx::platform

@@ -1,4 +1,4 @@
-// Programs that the system is said to find.
+// Programs and files that the system is said to find.
 #pragma once
 
 #include "doubles/in_force.h"
@@ -11,7 +11,7 @@
 namespace qx::test {
 
 struct PathSearchDouble : InForce<PathSearchDouble> {
-    std::map<std::string, std::string> programs;  // full path by the name asked for
+    std::map<std::string, std::string> programs;  // and files: full path by the name asked for
     std::vector<std::string> asked;               // "name" + "|" + extension, in order
 };
 
@@ -26,6 +26,11 @@ std::string FindProgram(const char* name, const char* extension)
     search.asked.push_back(key + "|" + (extension ? extension : ""));
     const auto found = search.programs.find(key);
     return found == search.programs.end() ? "" : found->second;
+}
+
+std::string FindFile(const char* name, const char* extension)
+{
+    return FindProgram(name, extension);
 }
 
 }  // namespace qx::platform

@@ -12,6 +12,7 @@
 namespace qx::test {
 namespace {
 
+using platform::FindFile;
 using platform::FindProgram;
 
 TEST(FindProgram, FindsNothingForNothing)
@@ -115,6 +116,21 @@ TEST_F(SearchPath, TakesANameWithAFolderAsItIs)
     EXPECT_EQ(tool, Find(tool.c_str()));
     EXPECT_EQ(tool, Find("one/tool"));
     EXPECT_EQ("", Find("two/tool"));
+}
+
+TEST_F(SearchPath, FindsFilesThatAreNoPrograms)
+{
+    const std::string data = AddProgram("two/data.chm", false);
+    fs::create_directory(m_folder.Path("one/data.chm"));
+    EXPECT_EQ(data, FindFile("data", ".chm"));
+    EXPECT_EQ("", FindFile("data", ".txt"));
+    EXPECT_EQ(data, FindFile("two/data", ".chm"));
+    const std::string here = AddProgram("data.chm", false);
+    EXPECT_EQ(here, FindFile("data", ".chm")) << "the current folder comes before PATH";
+    const std::string program = platform::ModulePath(nullptr);
+    EXPECT_EQ(program, FindFile(fs::path(program).filename().c_str(), ".chm"));
+    EXPECT_EQ("", FindFile("", ".chm"));
+    EXPECT_EQ("", FindFile(nullptr, ".chm"));
 }
 
 TEST_F(SearchPath, HasADefaultWithoutPath)

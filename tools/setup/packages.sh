@@ -8,12 +8,14 @@ declare -A packages
 packages[build]="g++ libc6-dev cmake ninja-build pkg-config python3 ca-certificates"
 
 # The native library and its tests.
-packages[linux]="libicu-dev libgtest-dev libgmock-dev googletest libexpat1-dev"
+packages[linux]="libicu-dev libgtest-dev libgmock-dev googletest libexpat1-dev
+    libboost-filesystem-dev"
 
-# The Windows builds.  GoogleTest is compiled from its source package; the "posix" compilers are
-# the ones with std::thread.
+# The Windows builds.  GoogleTest is compiled from its source package, Boost.Filesystem from sources
+# that boost_source.sh fetches; the "posix" compilers are the ones with std::thread.
 packages[windows]="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix
-    binutils-mingw-w64-x86-64 binutils-mingw-w64-i686 googletest"
+    binutils-mingw-w64-x86-64 binutils-mingw-w64-i686 googletest
+    libboost-dev xz-utils"
 
 # A screen for Windows programs: X server, fonts, the tools that look at it and drive it, and
 # what compiles the little window manager.
@@ -31,11 +33,11 @@ packages[wine32]="wine32:i386 libxcomposite1:i386 libxcursor1:i386 libxfixes3:i3
 packages[printing]="cups-daemon ghostscript poppler-utils"
 
 # The peers that the benchmarks measure against.
-packages[bench]="libicu-dev icu-devtools gettext libsimpleini-dev libpugixml-dev librapidxml-dev
+packages[bench]="libicu-dev libboost-filesystem-dev icu-devtools gettext libsimpleini-dev libpugixml-dev librapidxml-dev
     libdeflate-dev liblz4-dev zlib1g-dev libzstd-dev"
 
 # The fuzz targets: a compiler with libFuzzer and sanitizers.
-packages[fuzz]="libicu-dev clang libclang-rt-dev"
+packages[fuzz]="libicu-dev libboost-filesystem-dev clang libclang-rt-dev"
 
 # Checks of the sources.
 packages[checks]="clang-format clang-tidy"

@@ -15,4 +15,9 @@ std::string FindProgram(const char* name, const char* extension)
     });
 }
 
+std::string FindFile(const char* name, const char* extension)
+{
+    return FindProgram(name, extension);
+}
+
 }  // namespace qx::platform

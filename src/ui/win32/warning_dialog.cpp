@@ -5,6 +5,7 @@
 #include "win32/gdi.h"
 #include "win32/window_text.h"
 
+#include <qxutility/config/help.h>
 #include <qxutility/config/startup.h>
 #include <qxutility/ui/dialog_fields.h>
 #include <qxutility/ui/warning_list.h>
@@ -13,13 +14,6 @@
 
 #include <algorithm>
 #include <initializer_list>
-
-#if __has_include(<qxutility/config/help.h>)
-#include <qxutility/config/help.h>
-#define QX_HAS_HELP 1
-#else
-#define QX_HAS_HELP 0
-#endif
 
 namespace {
 
@@ -208,10 +202,8 @@ void QXWarningList::InitButtons(HWND dialog)
 
 void QXWarningList::Help(HWND)
 {
-#if QX_HAS_HELP
     if (m_help && m_helpId != 0)
         m_help->Open("Dialog", static_cast<unsigned>(m_helpId));
-#endif
 }
 
 void QXWarningList::SaveList(HWND owner)
