@@ -46,12 +46,14 @@ static bool KeepAside(const std::string& path)
 
 bool SaveToolbarFile(const std::string& path, std::span<const ToolbarRecord> bars)
 {
+    XMLWriter writer(1024);
+    WriteToolbars(writer, bars);
+    if (writer.StrLen() == 0)
+        return false;
     if (const std::size_t end = path.find_last_of("\\/"); end != path.npos)
         SmartCreateDir(path.substr(0, end).c_str());
     if (platform::FileExists(path.c_str()) && !IsReadInFull(path) && !KeepAside(path))
         return false;
-    XMLWriter writer(1024);
-    WriteToolbars(writer, bars);
     return writer.SaveToDisk(path.c_str());
 }
 

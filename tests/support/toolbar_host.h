@@ -87,8 +87,9 @@ struct ToolbarHost {
         return static_cast<int>(std::count(told.begin(), told.end(), what));
     }
 
-    std::vector<std::string> told;  // "changed", "autosize", "status: ..."
+    std::vector<std::string> told;  // "changed", "autosize", "status: ..." ...
     std::map<int, int> answers;     // to UM_COMMANDSTATE; 4 unless it stands here
+    std::string tip;                // for every command; empty: none
     std::function<void(UINT)> whenTold = [](UINT) {};
     TestWindow window{"Toolbars", 500, 300};
     std::unique_ptr<ToolBarMaster> master = std::make_unique<ToolBarMaster>();
@@ -96,6 +97,15 @@ struct ToolbarHost {
     HWND strip = nullptr;
 
   private:
+    void NoteNotification(NMHDR* header)
+    {
+        if (header->code == static_cast<UINT>(RBN_AUTOSIZE))
+            told.push_back("autosize");
+        if (header->code == static_cast<UINT>(TBN_CUSTHELP))
+            told.push_back("help");
+        if (header->code == static_cast<UINT>(TTN_NEEDTEXTA) && !tip.empty())
+            reinterpret_cast<NMTTDISPINFOA*>(header)->lpszText = tip.data();
+    }
     std::optional<LRESULT> Note(UINT message, WPARAM wParam, LPARAM lParam)
     {
         if (message == UM_COMMANDSTATE) {
@@ -107,8 +117,10 @@ struct ToolbarHost {
             told.push_back("changed");
         if (message == UM_STATUSTEXT)
             told.push_back(std::string("status: ") + reinterpret_cast<const char*>(wParam));
-        if (message == WM_NOTIFY && reinterpret_cast<NMHDR*>(lParam)->code == RBN_AUTOSIZE)
-            told.push_back("autosize");
+        if (message == UM_DOCKREQUEST)
+            told.push_back("dock " + std::to_string(wParam));
+        if (message == WM_NOTIFY)
+            NoteNotification(reinterpret_cast<NMHDR*>(lParam));
         if (message == WM_COMMAND)
             told.push_back("command " + std::to_string(LOWORD(wParam)));
         whenTold(message);

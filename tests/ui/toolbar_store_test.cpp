@@ -25,6 +25,8 @@ TEST(ToolbarStore, ASavedFileLoadsAgainAndItsFolderIsMade)
     ASSERT_TRUE(SaveToolbarFile(path, OneBar()));
     EXPECT_EQ(OneBar(), LoadToolbarFile(path));
     EXPECT_TRUE(LoadToolbarFile(folder.Path("a")).empty()) << "a folder";
+    EXPECT_FALSE(SaveToolbarFile(path, {}));
+    EXPECT_EQ(OneBar(), LoadToolbarFile(path)) << "no bars were there to be saved";
 }
 
 TEST(ToolbarStore, OnlyWhatWasNotReadInFullIsKept)

@@ -165,6 +165,10 @@ TEST(ToolBarMaster, HostsAWindowAndKeepsItOverALoad)
         EXPECT_TRUE(::IsWindowVisible(combo));
         EXPECT_EQ(90, host.master->GetBandWidth(bar));
         EXPECT_FALSE(host.master->IsWrapable(bar));
+        ::SendMessageA(bar, WM_COMMAND, MAKEWPARAM(60, CBN_SELCHANGE),
+                       reinterpret_cast<LPARAM>(combo));
+        PumpWaiting();
+        EXPECT_EQ(i + 1, host.Count("command 60"));
         host.Load();
     }
     EXPECT_TRUE(host.master->CreateToolBar(500, MakeCombo(host.window), 0)) << "a bar of its own";

@@ -196,8 +196,10 @@ void StripWindow::KeepOneShown()
 {
     const auto shown = [](const Bar& bar) { return bar.toolbar && bar.record.shown; };
     const auto first = std::ranges::find_if(m_bars, [](const Bar& bar) { return bar.toolbar; });
-    if (first != m_bars.end() && std::ranges::none_of(m_bars, shown))
-        first->record.shown = 1;
+    if (first == m_bars.end() || std::ranges::any_of(m_bars, shown))
+        return;
+    first->record.shown = 1;
+    ShowFloating(*first);
 }
 
 // ---- States of the buttons

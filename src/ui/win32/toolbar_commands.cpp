@@ -141,6 +141,7 @@ void StripWindow::ToggleShown(int index)
         return;
     Bar& bar = m_bars[static_cast<std::size_t>(index)];
     bar.record.shown = !bar.record.shown;
+    ShowFloating(bar);
     InvalidateBar(bar.toolbar);
     RestoreBandPositions();
     if (m_window)

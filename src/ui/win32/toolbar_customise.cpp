@@ -1,9 +1,11 @@
 // The customise dialog of the common controls, with a field for the bar's name.
 #include "env/wording.h"
 #include "ui/win32/toolbar_strip_window.h"
+#include "win32/gdi.h"
 #include "win32/subclass.h"
 #include "win32/window_text.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace qx {
@@ -49,6 +51,24 @@ static HWND FindCustomiseDialog()
 
 // ---- Extending it
 
+static HFONT FontOf(HWND dialog)
+{
+    return reinterpret_cast<HFONT>(::SendDlgItemMessageA(dialog, kAnyLabel, WM_GETFONT, 0, 0));
+}
+
+// Usually 75; more for a text that needs it, as far as there is room.
+static int LabelWidth(HWND dialog, const std::string& text)
+{
+    const HDC dc = ::GetDC(dialog);
+    SIZE size{};
+    {
+        const win32::Selection font(dc, FontOf(dialog));
+        ::GetTextExtentPoint32A(dc, text.c_str(), static_cast<int>(text.size()), &size);
+    }
+    ::ReleaseDC(dialog, dc);
+    return std::clamp<int>(size.cx, 75, 84);
+}
+
 static HWND AddControl(HWND dialog, const char* className, const std::string& text, DWORD style,
                        DWORD extendedStyle, const RECT& place, int id)
 {
@@ -57,8 +77,7 @@ static HWND AddControl(HWND dialog, const char* className, const std::string& te
         place.top, place.right, place.bottom, dialog,
         reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
         reinterpret_cast<HINSTANCE>(::GetWindowLongPtrA(dialog, GWLP_HINSTANCE)), nullptr);
-    const LRESULT font = ::SendDlgItemMessageA(dialog, kAnyLabel, WM_GETFONT, 0, 0);
-    ::SendMessageA(control, WM_SETFONT, static_cast<WPARAM>(font), TRUE);
+    ::SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(dialog)), TRUE);
     return control;
 }
 
@@ -79,7 +98,8 @@ void StripWindow::CustomizeCustomizeWindow(HWND toolbar)
     m_dialog = dialog;
     m_customised = toolbar;
     MakeHigher(dialog);
-    AddControl(dialog, "Static", Translated("Toolbar name: "), WS_GROUP, 0, {10, 210, 75, 20}, -1);
+    const std::string label = Translated("Toolbar name: ");
+    AddControl(dialog, "Static", label, WS_GROUP, 0, {10, 210, LabelWidth(dialog, label), 20}, -1);
     const HWND name = AddControl(dialog, "EDIT", bar->record.name, WS_TABSTOP | ES_AUTOHSCROLL,
                                  WS_EX_CLIENTEDGE, {95, 208, 185, 20}, kName);
     ::SendMessageA(name, EM_LIMITTEXT, kMostNameBytes, 0);
@@ -95,6 +115,7 @@ void StripWindow::DialogEnds(HWND dialog)
 {
     if (Bar* bar = dialog == m_dialog ? BarOf(m_customised) : nullptr)
         bar->record.name = win32::WindowText(::GetDlgItem(dialog, kName)).substr(0, kMostNameBytes);
+    m_dialog = nullptr;
 }
 
 static void AskForHelp(HWND strip, HWND dialog)

@@ -20,7 +20,7 @@ int StripWindow::HitTestBar(POINT screen) const
 void StripWindow::ToggleDock(int x, int y, int id, int index)
 {
     if (index == -1)
-        index = x == -1 && y == -1 ? GetBandID(id) % kMostBars : HitTestBar({x, y});
+        index = x == -1 && y == -1 ? GetBandID(id) : HitTestBar({x, y});
     if (index < 0 || index >= kMostBars || !m_bars[static_cast<std::size_t>(index)].toolbar)
         return;
     ToggleDock(index);
@@ -53,6 +53,13 @@ void StripWindow::Dock(Bar& bar)
     ::SetParent(bar.toolbar, m_window);
     SetWrapable(bar.toolbar, false);
     InsertWindow(bar.toolbar, 0);
+}
+
+// A floating bar is hidden with its frame.
+void StripWindow::ShowFloating(const Bar& bar)
+{
+    if (bar.Floats())
+        ::ShowWindow(::GetParent(bar.toolbar), bar.record.shown ? SW_SHOWNA : SW_HIDE);
 }
 
 // ---- On the screen
@@ -105,6 +112,7 @@ void StripWindow::Float(int index)
     ::SendMessageA(toolbar, TB_AUTOSIZE, 0, 0);
     ::InvalidateRect(toolbar, nullptr, TRUE);
     ::UpdateWindow(toolbar);
+    ShowFloating(bar);
 }
 
 }  // namespace qx

@@ -56,21 +56,15 @@ bool StripWindow::LayOutOnce(int further)
     return std::exchange(m_sized, false);
 }
 
-// A floating bar is shown and hidden with its frame.
 void StripWindow::PlaceBar(int index, const StripBar& place)
 {
     Bar& bar = m_bars[static_cast<std::size_t>(index)];
     const HWND toolbar = bar.toolbar;
-    if (!toolbar || !place.exists)
+    if (!toolbar || !place.TakesRoom())
         return;
-    const int show = bar.record.shown ? SW_SHOWNA : SW_HIDE;
-    if (bar.Floats()) {
-        ::ShowWindow(::GetParent(toolbar), show);
-        return;
-    }
     bar.record.x = place.x;
     bar.record.y = place.y;
-    ::ShowWindow(toolbar, show);
+    ::ShowWindow(toolbar, bar.record.shown ? SW_SHOWNA : SW_HIDE);
     InvalidateFrame(toolbar);
     ::MoveWindow(toolbar, place.x + kGripWidth, place.y, place.size.cx, place.size.cy, TRUE);
     InvalidateFrame(toolbar);

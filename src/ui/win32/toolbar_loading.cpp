@@ -76,6 +76,8 @@ void StripWindow::CarryOut(const LoadStep& step)
 {
     Bar& bar = m_bars[static_cast<std::size_t>(step.index)];
     bar.toolbar = NewToolbar(bar.record.id, m_resources.images);
+    if (!bar.toolbar)
+        return;
     std::vector<TBBUTTON> buttons;
     std::ranges::transform(bar.record.buttons, std::back_inserter(buttons), ToControl);
     if (!buttons.empty())
@@ -99,6 +101,8 @@ bool StripWindow::InitializeToolbars(const std::string& path)
         CarryOut(step);
     KeepOneShown();
     for (const auto& [child, id] : children) {
+        if (!m_window)
+            break;
         ::ShowWindow(child, SW_SHOW);
         CreateToolBar(id, child);
     }

@@ -143,6 +143,7 @@ class StripWindow : public std::enable_shared_from_this<StripWindow> {
     void ToggleDock(int index);
     void Float(int index);
     void Dock(Bar& bar);
+    static void ShowFloating(const Bar& bar);
 
     HINSTANCE m_module = nullptr;  // of the host
     HWND m_window = nullptr;       // null when it was destroyed
