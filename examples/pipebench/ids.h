@@ -7,6 +7,11 @@
 #define IDR_MAIN_MENU 100
 #define IDR_ACCELERATORS 101
 #define IDI_PIPEBENCH 102
+#define IDI_NEW 103
+#define IDI_OPEN 104
+#define IDI_SAMPLE 105
+#define IDI_OPTIONS 106
+#define IDI_HELP 107
 #define IDD_PIPE 110
 #define IDD_OPTIONS 111
 #define IDD_FLOW 112
@@ -24,6 +29,7 @@
 #define IDM_ADD 213
 #define IDM_EDIT 214
 #define IDM_FLOW 215
+#define IDM_CHECK 216
 #define IDM_SORT_NAME 221
 #define IDM_SORT_LENGTH 222
 #define IDM_SORT_DIAMETER 223
@@ -34,6 +40,7 @@
 #define IDM_OPTIONS 243
 #define IDM_TREE 244
 #define IDM_ABOUT 251
+#define IDM_HELP 252
 // One command per language of the table, in its order; the first item stands in the resource.
 #define IDM_LANGUAGE_FIRST 260
 #define IDM_LANGUAGE_LAST 291
@@ -81,7 +88,6 @@
 #define IDS_NO_OPERATING_POINT 26
 #define IDS_METRIC_UNITS 27
 #define IDS_US_UNITS 28
-#define IDS_CURVE_FILTER 29
 #define IDS_CURVE_UNREADABLE 31
 #define IDS_CURVE_LARGE 32
 #define IDS_CURVE_COLUMNS 33
@@ -94,5 +100,18 @@
 #define IDS_UNTITLED 41
 #define IDS_SAVE_CHANGES 42
 #define IDS_LINE_FILTER 43
+#define IDS_LINE_UNREADABLE 44
+#define IDS_NO_LINE 45
+#define IDS_BAD_PIPE 46
+#define IDS_LINE_NOT_SAVED 47
+#define IDS_CURVE_REACH 53
+#define IDS_START_TITLE 54
+#define IDS_CHECKED 61
+#define IDS_ALL_WELL 62
+#define IDS_TOO_FAST 63
+#define IDS_TOO_SLOW 64
+#define IDS_NO_PRICE 65
+#define IDS_GREAT_STEP 66
+#define IDS_CORROSION 67
 
 #endif

@@ -42,6 +42,8 @@ new_prefix() {
     (cd "$template" &&
         find . -type f -not -regex '.*/\(system32\|syswow64\|winsxs\)/.*' -print0 |
         xargs -0 cp -a --remove-destination --parents -t "$WINEPREFIX")
+    # Documents and the like lead into the home directory: what programs write stays in the prefix.
+    find "$WINEPREFIX/drive_c/users" -type l -exec sh -c 'rm "$1" && mkdir "$1"' sh {} \;
 }
 
 start_screen() {

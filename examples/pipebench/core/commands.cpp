@@ -52,6 +52,7 @@ CommandState StateOf(int command, const Situation& now)
         case IDM_EXIT:
         case IDM_OPTIONS:
         case IDM_ABOUT:
+        case IDM_HELP:
             return CommandState::Enabled;
         case IDM_SAVE:
             return EnabledIf(now.lineChanged);
@@ -59,6 +60,7 @@ CommandState StateOf(int command, const Situation& now)
         case IDM_START_PAGE:
         case IDM_ADD:
             return EnabledIf(now.lineOpen);
+        case IDM_CHECK:
         case IDM_SORT_NAME:
         case IDM_SORT_LENGTH:
         case IDM_SORT_DIAMETER:

@@ -45,6 +45,14 @@ std::variant<Pipe, BadEntry> CheckEntry(const CLanguage& language, const PipeEnt
     return pipe;
 }
 
+bool IsPossible(const Pipe& pipe, const std::vector<Pipe>& others)
+{
+    return !CheckName(pipe.name, others) &&
+           std::ranges::all_of(kPipeFields, [&pipe](const PipeField& field) {
+               return pipe.*field.value >= field.least && pipe.*field.value <= field.most;
+           });
+}
+
 PipeEntry ToEntry(const CLanguage& language, const Pipe& pipe, DT_UNITS units)
 {
     PipeEntry entry;

@@ -31,6 +31,9 @@ std::variant<Pipe, BadEntry> CheckEntry(const CLanguage& language, const PipeEnt
                                         DT_UNITS units, const Pipe& shown,
                                         const std::vector<Pipe>& others);
 
+// Whether the fields would take a pipe's name and values.
+bool IsPossible(const Pipe& pipe, const std::vector<Pipe>& others);
+
 // A pipe as its dialog shows it.
 PipeEntry ToEntry(const CLanguage& language, const Pipe& pipe, DT_UNITS units);
 

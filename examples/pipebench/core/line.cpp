@@ -2,15 +2,17 @@
 
 namespace pipebench {
 
-static std::string FileTitle(const std::string& path)
+std::string NameOf(const Line& line, const std::string& untitled)
 {
-    const std::string name = path.substr(path.find_last_of("/\\:") + 1);
-    return name.substr(0, name.find_last_of('.'));
+    if (line.path.empty())
+        return untitled;
+    const std::string file = line.path.substr(line.path.find_last_of("/\\:") + 1);
+    return file.substr(0, file.find_last_of('.'));
 }
 
 std::string TitleOf(const Line& line, const std::string& untitled, const std::string& program)
 {
-    return (line.path.empty() ? untitled : FileTitle(line.path)) + " - " + program;
+    return NameOf(line, untitled) + " - " + program;
 }
 
 std::vector<Branch> ByMaterial(const std::vector<Pipe>& pipes)

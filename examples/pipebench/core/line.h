@@ -14,8 +14,9 @@ struct Line {
     bool changed = false;  // since it was read or written
 };
 
-// "Ring main - Pipe Bench": the file's name without folder and extension. `untitled` stands for a
-// line without a file.
+// The name of its file without folder and extension; `untitled` for a line without a file.
+std::string NameOf(const Line& line, const std::string& untitled);
+// "Ring main - Pipe Bench"
 std::string TitleOf(const Line& line, const std::string& untitled, const std::string& program);
 
 // The pipes of each material that occurs, in the order of kMaterials: the branches of the tree.

@@ -17,6 +17,7 @@ struct Pipe {
     double length = 0;         // metres
     double diameter = 0;       // inside, millimetres
     double pricePerMetre = 0;  // in the user's currency
+    bool operator==(const Pipe&) const = default;
 };
 
 double Content(const Pipe& pipe);  // litres

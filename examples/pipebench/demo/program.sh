@@ -33,9 +33,13 @@ main_window_shown() {
 end_program() {
     say "Alt+F4"
     xdotool key alt+F4
+    # Changes are not kept.
+    wait_for "the end of the program" program_gone_or_asking
+    program_gone || xdotool key n
     wait_for "the end of the program" program_gone
     wait "$program" || fail "pipebench.exe ended with status $?"
 }
+program_gone_or_asking() { program_gone || look_at '#32770' 'Pipe Bench'; }
 program_gone() { ! kill -0 "$program" 2>/dev/null; }
 
 # Forgets what the program has kept from one start to the next.
@@ -55,5 +59,17 @@ choose_language() {
     wait_for "the window without its menu" popup_count 0
 }
 
+# ---- Its start page ------------------------------------------------------------------------------
+
+# The middle of button ROW of the panel is in BX, BY afterwards:  start_button ROW
+panel_shown() { look_at_window && [ -n "$(control BtnLayout x)" ]; }
+start_button() {
+    wait_for "the start page" panel_shown
+    BX=$(control BtnLayout x) BY=$(($(control BtnLayout top) + 56 * $1 - 32))
+}
 # A line to work with.
-open_sample() { wait_for "the list with 5 pipes" rows 5; }
+open_sample() {
+    start_button 3
+    xdotool mousemove "$BX" "$BY" click 1
+    wait_for "the list with 5 pipes" rows 5
+}

@@ -6,6 +6,7 @@
 #include "win32/curve_view.h"
 #include "win32/dialog_items.h"
 #include "win32/dialogs.h"
+#include "win32/file_boxes.h"
 #include "win32/files.h"
 #include "win32/modal_dialog.h"
 
@@ -94,7 +95,9 @@ void FlowDialog::OnUnitsChosen()
 
 void FlowDialog::OnBrowse()
 {
-    if (const auto file = ChooseCurveFile(Window(), Local()))
+    Settings shown = m_settings;
+    shown.units = m_units;
+    if (const auto file = ChooseCurve(Window(), Local(), shown))
         SetItemText(Window(), IDC_CURVE_FILE, *file);
 }
 

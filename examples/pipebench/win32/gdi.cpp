@@ -38,4 +38,21 @@ int TextWidth(HWND window, const char* text)
     return size.cx;
 }
 
+static TRIVERTEX Vertex(LONG x, LONG y, COLORREF colour)
+{
+    return {x,
+            y,
+            static_cast<COLOR16>(GetRValue(colour) << 8),
+            static_cast<COLOR16>(GetGValue(colour) << 8),
+            static_cast<COLOR16>(GetBValue(colour) << 8),
+            0};
+}
+
+void FillShaded(HDC dc, const RECT& area, COLORREF from, COLORREF to, ULONG direction)
+{
+    TRIVERTEX corners[] = {Vertex(area.left, area.top, from), Vertex(area.right, area.bottom, to)};
+    GRADIENT_RECT rectangle{0, 1};
+    ::GradientFill(dc, corners, 2, &rectangle, 1, direction);
+}
+
 }  // namespace pipebench

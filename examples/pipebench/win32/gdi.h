@@ -23,5 +23,8 @@ HFONT MessageFont();
 // Pixels of this screen for pixels at 96 dots per inch.
 int Scaled(int pixels);
 int TextWidth(HWND window, const char* text);
+// Fills a rectangle with a colour that becomes another one: from the left to the right
+// (GRADIENT_FILL_RECT_H) or from the top to the bottom (GRADIENT_FILL_RECT_V).
+void FillShaded(HDC dc, const RECT& area, COLORREF from, COLORREF to, ULONG direction);
 
 }  // namespace pipebench

@@ -20,6 +20,9 @@ const MainWindow::Command* MainWindow::FindCommand(int command)
     static constexpr Command kCommands[] = {
         {IDM_NEW, IDM_NEW, &MainWindow::NewLine},
         {IDM_SAMPLE, IDM_SAMPLE, &MainWindow::OpenSample},
+        {IDM_OPEN, IDM_OPEN, &MainWindow::OpenLine},
+        {IDM_SAVE, IDM_SAVE, &MainWindow::SaveLine},
+        {IDM_SAVE_AS, IDM_SAVE_AS, &MainWindow::SaveLineAs},
         {IDM_START_PAGE, IDM_START_PAGE, &MainWindow::CloseLine},
         {IDM_EXIT, IDM_EXIT, &MainWindow::Exit},
         {IDM_DUPLICATE, IDM_DUPLICATE, &MainWindow::DuplicateSelected},
@@ -27,6 +30,7 @@ const MainWindow::Command* MainWindow::FindCommand(int command)
         {IDM_ADD, IDM_ADD, &MainWindow::AddPipe},
         {IDM_EDIT, IDM_EDIT, &MainWindow::EditSelected},
         {IDM_FLOW, IDM_FLOW, &MainWindow::ShowFlowOfSelected},
+        {IDM_CHECK, IDM_CHECK, &MainWindow::CheckLine},
         {IDM_SORT_NAME, IDM_SORT_DIAMETER, &MainWindow::Sort},
         {IDM_DECIMALS_0, IDM_DECIMALS_3, &MainWindow::UseDecimals},
         {IDM_SKETCH, IDM_STATUS_BAR, &MainWindow::TogglePart},
@@ -63,33 +67,6 @@ CommandState MainWindow::StateOf(int command) const
                                .settings = m_settings,
                                .languages = choices.size(),
                                .language = static_cast<std::size_t>(language - choices.begin())});
-}
-
-void MainWindow::Open(Line line)
-{
-    m_line = std::move(line);
-    ShowLine();
-    ShowView();
-    if (!m_line->pipes.empty())
-        m_workspace.Select(0);
-    m_workspace.TakeFocus();
-}
-
-void MainWindow::NewLine(int)
-{
-    Open({});
-}
-
-void MainWindow::OpenSample(int)
-{
-    Open({.pipes = SamplePipes(), .path = {}});
-}
-
-void MainWindow::CloseLine(int)
-{
-    m_line.reset();
-    ShowLine();
-    ShowView();
 }
 
 void MainWindow::Exit(int)

@@ -49,11 +49,15 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         case WM_GETMINMAXINFO:
             return OnLimits(*reinterpret_cast<MINMAXINFO*>(lParam)), 0;
         case WM_SETFOCUS:
-            return m_workspace.TakeFocus(), 0;
+            if (m_line)
+                m_workspace.TakeFocus();
+            return 0;
         case WM_COMMAND:
             return OnCommand(LOWORD(wParam)), 0;
         case WM_INITMENU:
             return OnInitMenu(reinterpret_cast<HMENU>(wParam)), 0;
+        case WM_CLOSE:
+            return OnClose(), 0;
         case WM_DESTROY:
             return OnDestroy(), 0;
         default:
@@ -66,15 +70,20 @@ void MainWindow::OnCreate()
     m_settings = Start(Window(), m_localisation);
     if (m_lcid)
         m_localisation.Use(*m_lcid);
+    m_startPage.Create(Window());
     m_workspace.Create(Window(), [this] { OnSelection(); });
     m_statusBar =
         ::CreateWindowExA(0, STATUSCLASSNAMEA, "", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0, 0,
                           0, Window(), nullptr, m_localisation.Module(), nullptr);
     m_workspace.Arrange(m_settings.view);
-    m_line = {.pipes = SamplePipes(), .path = {}};
     ShowTexts();
     ShowView();
-    m_workspace.Select(0);
+}
+
+void MainWindow::OnClose()
+{
+    if (MayLeave())
+        ::DestroyWindow(Window());
 }
 
 void MainWindow::OnDestroy()
@@ -104,8 +113,9 @@ void MainWindow::Arrange()
 {
     ::SendMessageA(m_statusBar, WM_SIZE, 0, 0);
     const RECT area = ViewArea();
-    ::MoveWindow(m_workspace.Window(), area.left, area.top, area.right - area.left,
-                 area.bottom - area.top, TRUE);
+    for (const HWND view : {m_startPage.Window(), m_workspace.Window()})
+        ::MoveWindow(view, area.left, area.top, area.right - area.left, area.bottom - area.top,
+                     TRUE);
     ShowStatus();
 }
 
@@ -127,6 +137,7 @@ void MainWindow::OnLimits(MINMAXINFO& limits)
 void MainWindow::ShowTexts()
 {
     ShowMenu();
+    m_startPage.Show(m_localisation);
     ShowLine();
 }
 
@@ -152,6 +163,7 @@ void MainWindow::ShowView()
 {
     ::ShowWindow(m_statusBar, m_settings.view.statusBar ? SW_SHOWNA : SW_HIDE);
     ::ShowWindow(m_workspace.Window(), m_line ? SW_SHOWNA : SW_HIDE);
+    ::ShowWindow(m_startPage.Window(), m_line ? SW_HIDE : SW_SHOWNA);
     Arrange();
 }
 

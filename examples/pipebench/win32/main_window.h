@@ -4,6 +4,7 @@
 #include "core/commands.h"
 #include "core/line.h"
 #include "core/localisation.h"
+#include "win32/start_page.h"
 #include "win32/workspace.h"
 
 #include <windows.h>
@@ -26,6 +27,7 @@ class MainWindow : public ObjectWindow {
     void OnCreate();
     void OnInitMenu(HMENU menu) const;
     void OnLimits(MINMAXINFO& limits);
+    void OnClose();
     void OnDestroy();
     // Lays out what the window holds, from the top to the bottom.
     void Arrange();
@@ -38,7 +40,8 @@ class MainWindow : public ObjectWindow {
     void ShowStatus();
     void ShowView();
 
-    // Commands: main_commands.cpp. Menus and toolbars ask StateOf and send WM_COMMAND.
+    // Commands: main_commands.cpp, line_commands.cpp. Menus and toolbars ask StateOf and send
+    // WM_COMMAND.
     struct Command;
     static const Command* FindCommand(int command);
     CommandState StateOf(int command) const;
@@ -47,7 +50,11 @@ class MainWindow : public ObjectWindow {
 
     void NewLine(int);
     void OpenSample(int);
+    void OpenLine(int);
+    void SaveLine(int);
+    void SaveLineAs(int);
     void CloseLine(int);
+    void CheckLine(int);
     void Exit(int);
     void AddPipe(int);
     void EditSelected(int);
@@ -61,7 +68,9 @@ class MainWindow : public ObjectWindow {
     void ChangeOptions(int);
     void ShowAbout(int);
 
-    void Open(Line line);
+    void Open(std::optional<Line> line);
+    void Write(const std::string& path);
+    bool MayLeave();
     // After a change of the pipes.
     void Changed();
     void Speak(DWORD lcid);
@@ -69,6 +78,7 @@ class MainWindow : public ObjectWindow {
     Localisation& m_localisation;
     std::optional<DWORD> m_lcid;
     HWND m_statusBar = nullptr;
+    StartPage m_startPage;
     Workspace m_workspace;
     std::optional<Line> m_line;  // without one the start page is shown
     Settings m_settings;

@@ -101,30 +101,14 @@ void SketchView::Draw(HDC dc, const RECT& client) const
     }
 }
 
-static TRIVERTEX Vertex(int x, int y, COLORREF colour)
-{
-    return {x,
-            y,
-            static_cast<COLOR16>(GetRValue(colour) << 8),
-            static_cast<COLOR16>(GetGValue(colour) << 8),
-            static_cast<COLOR16>(GetBValue(colour) << 8),
-            0};
-}
-
-static void FillShaded(HDC dc, const Area& area, COLORREF top, COLORREF bottom)
-{
-    TRIVERTEX corners[] = {Vertex(area.left, area.top, top),
-                           Vertex(area.right, area.bottom, bottom)};
-    GRADIENT_RECT rectangle{0, 1};
-    ::GradientFill(dc, corners, 2, &rectangle, 1, GRADIENT_FILL_RECT_V);
-}
-
 // A round body with a flange at either end.
 static void FillRound(HDC dc, const Area& area, const Colours& colours)
 {
     const int middle = area.top + (area.bottom - area.top) / 3;
-    FillShaded(dc, {area.left, area.top, area.right, middle}, colours.rim, colours.middle);
-    FillShaded(dc, {area.left, middle, area.right, area.bottom}, colours.middle, colours.rim);
+    FillShaded(dc, {area.left, area.top, area.right, middle}, colours.rim, colours.middle,
+               GRADIENT_FILL_RECT_V);
+    FillShaded(dc, {area.left, middle, area.right, area.bottom}, colours.middle, colours.rim,
+               GRADIENT_FILL_RECT_V);
 }
 
 void SketchView::DrawPipe(HDC dc, std::size_t index, const Area& area) const
