@@ -13,8 +13,9 @@
 #define IDI_OPTIONS 106
 #define IDI_HELP 107
 #define IDD_PIPE 110
-#define IDD_OPTIONS 111
+#define IDD_GENERAL 111
 #define IDD_FLOW 112
+#define IDD_FOLDERS 113
 
 // Commands
 #define IDM_NEW 201
@@ -68,8 +69,9 @@
 #define IDC_FLOW_FIELDS 330
 #define IDC_FLOW_UNITS 340
 #define IDC_FLOW_RESULTS 350
-// One number per work directory; see kWorkDirectories.
+// One number per work directory, and per button beside it; see kWorkDirectories.
 #define IDC_DIRECTORIES 360
+#define IDC_DIRECTORY_BUTTONS 370
 
 // Strings of the language table
 #define IDS_PROGRAM 1

@@ -79,7 +79,8 @@ static INT_PTR CALLBACK DoNothing(HWND, UINT, WPARAM, LPARAM)
 
 void PipeBenchTexts::CheckDialog(LPCSTR name) const
 {
-    const HWND dialog = ::CreateDialogParamA(m_program, name, nullptr, DoNothing, 0);
+    const TestWindow owner("dialogs");  // pages of property sheets need one
+    const HWND dialog = ::CreateDialogParamA(m_program, name, owner, DoNothing, 0);
     ASSERT_TRUE(dialog);
     for (const HWND child : ChildrenOf(dialog))
         EXPECT_TRUE(HasTranslation(TextOf(child))) << TextOf(child);

@@ -5,7 +5,7 @@
 # A window's place and size are in X, Y, WIDTH, HEIGHT after locate; the window is the program's
 # main one, in $window.
 # shellcheck disable=SC2154
-limit=20                                # seconds to wait for anything
+limit=60                                # seconds to wait for anything
 
 say() { printf '%s\n' "$*"; }
 fail() {
