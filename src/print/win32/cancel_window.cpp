@@ -56,12 +56,18 @@ void End()
     state.disabled = nullptr;
 }
 
+void Cancel()
+{
+    state.cancelled = true;
+    if (state.window)
+        System().DestroyWindow(state.window);
+}
+
 BOOL OnCommand(int command)
 {
     if (command != kCancel && command != IDCANCEL)  // the Esc key and the caption's button
         return FALSE;
-    state.cancelled = true;
-    System().DestroyWindow(state.window);
+    Cancel();
     return TRUE;
 }
 
@@ -118,7 +124,7 @@ BOOL CALLBACK AbortProcedure(HDC, int) noexcept
     while (!state.cancelled && ::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) {
             ::PostQuitMessage(static_cast<int>(message.wParam));  // for the program's own loop
-            state.cancelled = true;
+            Cancel();
         } else if (!state.window || !::IsDialogMessageA(state.window, &message)) {
             ::TranslateMessage(&message);
             ::DispatchMessageA(&message);

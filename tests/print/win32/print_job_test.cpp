@@ -130,7 +130,7 @@ TEST_F(PrintJob, WithoutOwnerShowsNoBox)
     EXPECT_EQ(19U, RunWithEachFailure(nullptr).size());
 }
 
-TEST_F(PrintJob, WithoutPdfPrinterGivesNoPdf)
+TEST_F(PrintJob, EndsWithItsObject)
 {
     const TestWindow owner("Owner");
     PrintSystemDouble system;
@@ -141,9 +141,9 @@ TEST_F(PrintJob, WithoutPdfPrinterGivesNoPdf)
         EXPECT_FALSE(print.SetupPrint(owner, "Report"));
         EXPECT_EQ("1012i", Told());
         print.pdf = false;  // the user's printer is as it was
-        EXPECT_TRUE(print.SetupPrint("Report"));
+        EXPECT_TRUE(print.SetupPrint(owner, "Report"));
     }
-    EXPECT_EQ("aborted", system.document) << "ended with its object";
+    EXPECT_EQ("aborted", system.document);
     ExpectNothingLeft(system, owner);
 }
 
@@ -221,10 +221,10 @@ TEST_F(PrintJob, IsCancelledOnAnyPage)
     }
 }
 
-TEST_F(PrintJob, IsCancelledWhenItsOwnerGoesOrTheProgramEnds)
+TEST_F(PrintJob, IsCancelledWhenItsOwnerGoes)
 {
     PrintSystemDouble system;
-    boxes.answers = {IDOK, IDOK};
+    boxes.answers = {IDOK};
     QXPrint print;
     {
         const TestWindow owner("Owner");
@@ -232,12 +232,21 @@ TEST_F(PrintJob, IsCancelledWhenItsOwnerGoesOrTheProgramEnds)
     }
     EXPECT_TRUE(print.CancelPrint());
     print.EndPrint(1);
+}
 
+TEST_F(PrintJob, IsCancelledWhenTheProgramEnds)
+{
     const TestWindow owner("Owner");
-    ASSERT_TRUE(print.SetupPrint(owner, "Report"));
-    ::PostQuitMessage(7);
-    EXPECT_FALSE(system.abort(print.GetDC(), 0));
-    print.EndPrint(1);
+    PrintSystemDouble system;
+    boxes.answers = {IDOK};
+    {
+        QXPrint print;
+        ASSERT_TRUE(print.SetupPrint(owner, "Report"));
+        ::PostQuitMessage(7);
+        EXPECT_FALSE(system.abort(print.GetDC(), 0));
+        print.EndPrint(1);
+    }
+    ExpectNothingLeft(system, owner);
     MSG message{};
     EXPECT_TRUE(::PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     EXPECT_EQ(7U, message.wParam);
@@ -264,28 +273,21 @@ TEST_F(PrintJob, CancelWindowIsOneAndCounted)
     EXPECT_TRUE(::IsWindowEnabled(owner));
 }
 
-TEST_F(PrintJob, PageSetupKeepsMarginsPerKind)
+TEST_F(PrintJob, TakesMarginsInTheUsersUnits)
 {
     PrintSystemDouble system;
     QXPrint print;
-    EXPECT_EQ(150, print.margins.left);
-    print.landscape = true;
     system.onPageSetup = [](PAGESETUPDLGA& request, double unit) {
         EXPECT_EQ(std::lrint(150 * unit), request.rtMargin.bottom);
-        EXPECT_EQ(DMORIENT_LANDSCAPE,
-                  win32::GlobalLocked<DEVMODEA>(request.hDevMode)->dmOrientation);
-        const auto set = [=](int margin) { return std::lrint(margin * unit); };
-        request.rtMargin = {set(100), set(200), set(333), set(1000)};
+        request.rtMargin.top = std::lrint(333 * unit);
         return TRUE;
     };
     EXPECT_TRUE(print.SetupPrinter(nullptr, false, "Pumps"));
-    EXPECT_TRUE(print.landscape);
-    EXPECT_THAT(folder.Read("kvl.ini"), EndsWith("Margins-Pumps=100,333,200,1000\r\n"));
-    EXPECT_EQ(200, print.margins.top);
-    EXPECT_TRUE(QXPrint().SetupPrinter(nullptr, true, "Pumps"));
+    EXPECT_THAT(folder.Read("kvl.ini"), EndsWith("Margins-Pumps=150,150,333,150\r\n"));
+    EXPECT_EQ(333, print.margins.top);
 }
 
-TEST_F(PrintJob, PageSetupThatEndsWithoutPrinterChangesNothing)
+TEST_F(PrintJob, KeepsItsMarginsWhenNoneAreChosen)
 {
     const TestWindow owner("Owner");
     PrintSystemDouble system;
@@ -300,7 +302,6 @@ TEST_F(PrintJob, PageSetupThatEndsWithoutPrinterChangesNothing)
     EXPECT_FALSE(print.SetupPrinter(owner, false, "DEF"));
     EXPECT_EQ("1006!", Told());
     EXPECT_EQ(150, print.margins.left);
-    EXPECT_TRUE(print.SetupPrint("Report"));
 }
 
 }  // namespace
