@@ -3,8 +3,10 @@
 #include <qxutility/print/page_text.h>
 #include <qxutility/print/print_job.h>
 
-#include <cstdio>
+#include <winspool.h>
+
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -86,9 +88,40 @@ bool Print(Document& print, const char* name, std::initializer_list<Page> pages)
     return result > 0;
 }
 
+// One more printer on the default one's queue, as long as this process lives.
+bool InstallPrinter(std::string name)
+{
+    char usual[MAX_PATH];
+    DWORD size = sizeof usual;
+    HANDLE printer = nullptr;
+    if (!::GetDefaultPrinterA(usual, &size) || !::OpenPrinterA(usual, &printer, nullptr))
+        return false;
+    ::GetPrinterA(printer, 2, nullptr, 0, &size);
+    std::vector<BYTE> buffer(size);
+    const bool described = ::GetPrinterA(printer, 2, buffer.data(), size, &size);
+    ::ClosePrinter(printer);
+    reinterpret_cast<PRINTER_INFO_2A*>(buffer.data())->pPrinterName = name.data();
+    printer = described ? ::AddPrinterA(nullptr, 2, buffer.data()) : nullptr;
+    return printer && ::ClosePrinter(printer);
+}
+
+// A report of which a PDF printer makes a file, and another one on paper.
+bool Divert(const char* printer, const std::string& path)
+{
+    if (!InstallPrinter(printer))
+        return false;
+    Document print;
+    print.PDFSetFileName(path.c_str());
+    if (!Print(print, "Diverted", {LastPage}))
+        return false;
+    print.pdf = false;
+    return Print(print, "Not diverted", {LastPage});
+}
+
 }  // namespace
 
-int main()
+// The argument is the file that the system's own PDF printer makes.
+int main(int, char** arguments)
 {
     Document report, wide, copies;
     if (!report.HasPrinter())
@@ -97,6 +130,8 @@ int main()
     copies.SetCopies(2);
     const bool printed = Print(report, "Portrait", {FirstPage, SecondPage, LastPage}) &&
                          Print(wide, "Landscape", {FirstPage, SecondPage}) &&
-                         Print(copies, "Two copies", {LastPage});
+                         Print(copies, "Two copies", {LastPage}) &&
+                         Divert("Microsoft Print to PDF", arguments[1]) &&
+                         Divert("PDF-XChange 3.0", "not told.pdf");
     return printed ? 0 : 1;
 }

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Reports printed for real: the texts, their places and the pages are read back out of the PDFs.
 
-    printing_test.py PROGRAM [ARGUMENTS]     PROGRAM prints (print_document.cpp)
+    printing_test.py COMMAND...     runs what prints (print_document.cpp)
 
 The PDFs appear in the folder QX_PRINTED (tools/print/session.sh). Status 77, and with CI=true 1:
 there is no printing service. A picture of the first page is left as printed.png in the build's
@@ -81,11 +81,13 @@ class Pdf:
 class Printing(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        names = ("Portrait", "Landscape", "Two copies")
+        names = ("Portrait", "Landscape", "Two copies", "Diverted", "Not diverted")
         for name in names:
             (FOLDER / f"{name}.pdf").unlink(missing_ok=True)
-        subprocess.run(PROGRAM, check=True, timeout=200)
-        cls.portrait, cls.landscape, cls.copies = map(Pdf, names)
+        cls.output = PICTURES / "printed.ps"
+        cls.output.unlink(missing_ok=True)
+        subprocess.run([*PROGRAM, f"Z:{cls.output}"], check=True, timeout=200)
+        cls.portrait, cls.landscape, cls.copies, cls.diverted, cls.usual = map(Pdf, names)
 
     def near(self, expected, value, what):
         self.assertAlmostEqual(expected, value, delta=NEAR, msg=what)
@@ -142,6 +144,12 @@ class Printing(unittest.TestCase):
     def test_copies_are_all_printed(self):
         self.assertEqual([["Last", "page"]] * 2,
                          [[word.text for word in page] for page in self.copies.pages])
+
+    def test_pdf_printers_get_what_is_to_be_a_file(self):
+        """A double of the drivers' queues: the system's own one writes to the file that is named."""
+        for pdf in (self.diverted, self.usual):
+            self.assertEqual([["Last", "page"]], [[word.text for word in page] for page in pdf.pages])
+        self.assertTrue(self.output.read_bytes().startswith(b"%!PS-Adobe"))
 
     def test_a_title_is_underlined(self):
         picture = self.portrait.picture(0, PICTURES / "printed")
