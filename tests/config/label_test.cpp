@@ -22,8 +22,7 @@ class LabelTest : public testing::Test {
     GermanInstalled m_locales;
     qx::test::TestLanguage m_german{
         "IDS\t09-01\t07-01\r\n"
-        "1\tOpen\t\xD6"
-        "&ffnen\r\n"
+        "1\tOpen\t\326&ffnen\r\n"
         "2\tExit\tBeenden\r\n"
         "3\tName:\tName:\r\n"
         "4\tOpen\tnever\r\n"
@@ -64,10 +63,7 @@ TEST_F(LabelTest, KeepsDotsOnceAMenuLevelHasThem)
 {
     qx::MenuLevel level(m_german.language, 0);
     EXPECT_EQ("Beenden\tAlt+F4", level.Translate("E&xit\tAlt+F4"));
-    EXPECT_EQ(
-        "\xD6"
-        "&ffnen...\tCtrl+O",
-        level.Translate("&Open...\tCtrl+O"));
+    EXPECT_EQ("\326&ffnen...\tCtrl+O", level.Translate("&Open...\tCtrl+O"));
     EXPECT_EQ("Beenden...", level.Translate("E&xit"));
     EXPECT_EQ("Unknown...\tF9", level.Translate("&Unknown\tF9"));
     qx::MenuLevel submenu(m_german.language, 0);

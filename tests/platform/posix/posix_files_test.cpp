@@ -128,17 +128,6 @@ TEST(PosixMoveOver, ReplacesNothingThatIsNoFile)
     EXPECT_TRUE(fs::is_fifo(to));
 }
 
-TEST(PosixMoveOver, LeavesTheOldFileToWhoeverHasItOpen)
-{
-    const TemporaryFolder folder;
-    const std::string from = folder.Write("new", "new"), to = folder.Write("old", "old");
-    File reader(to.c_str(), FileMode::Read);
-    EXPECT_TRUE(MoveOver(from.c_str(), to.c_str()));
-    char text[3];
-    EXPECT_EQ(3u, reader.Read(text, 3));
-    EXPECT_EQ("old", std::string(text, 3));
-}
-
 TEST(PosixListDirectory, ListsALinkThatLeadsNowhere)
 {
     const TemporaryFolder folder;
