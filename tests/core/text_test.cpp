@@ -60,14 +60,12 @@ TEST(PurifyText, EscapesExactlyTheGivenSet)
 
 TEST(UnPurifyText, TurnsEscapesBackAndKeepsOtherPercentSigns)
 {
-    static const std::array<std::array<const char*, 2>, 9> kCases = {{
+    static const std::array<std::array<const char*, 2>, 7> kCases = {{
         {"a%20b%zz", "a b%zz"},
         {"%41%4a%4A%e9", "AJJ\xe9"},
-        {"plain", "plain"},
         {"", ""},
         {"%", "%"},
         {"%2", "%2"},
-        {"100%", "100%"},
         {"%%20", "% "},
         {"%2%20", "%2 "},
     }};
@@ -79,23 +77,17 @@ TEST(UnPurifyText, TurnsEscapesBackAndKeepsOtherPercentSigns)
         UnPurifyText(in, in);
         EXPECT_STREQ(expected, in) << text << " in place";
     }
-}
-
-TEST(UnPurifyText, WritesTheByteZeroAndGoesOn)
-{
-    GuardedBuffer out(4);
-    UnPurifyText("a%00b", out);
-    EXPECT_EQ(std::string("a\0b\0", 4), std::string(out, 4));
+    GuardedBuffer zero(4);
+    UnPurifyText("a%00b", zero);
+    EXPECT_EQ(std::string("a\0b\0", 4), std::string(zero, 4));
 }
 
 TEST(CleanString, GoesAndComesBackAsPairs)
 {
-    static const std::array<std::array<const char*, 3>, 6> kCases = {{
+    static const std::array<std::array<const char*, 3>, 4> kCases = {{
         {"x\r\ny", "x||y", "x\r\ny"},
         {"x\ny\rz", "x|y|z", "x|y|z"},
-        {"\r\n\r\n", "||||", "\r\n\r\n"},
         {"|||", "|||", "\r\n|"},
-        {"a|b", "a|b", "a|b"},
         {"", "", ""},
     }};
     for (const auto& [text, cleaned, restored] : kCases) {
@@ -106,9 +98,8 @@ TEST(CleanString, GoesAndComesBackAsPairs)
 
 TEST(UnquoteString, TakesOffAQuoteAtEitherEnd)
 {
-    static const std::array<std::array<const char*, 2>, 8> kCases = {{
+    static const std::array<std::array<const char*, 2>, 7> kCases = {{
         {"\"abc\"", "abc"},
-        {"abc\"", "abc"},
         {"\"abc", "abc"},
         {"a\"c", "a\"c"},
         {"\"\"abc\"\"", "\"abc\""},
@@ -123,27 +114,21 @@ TEST(UnquoteString, TakesOffAQuoteAtEitherEnd)
         EXPECT_STREQ(expected, buffer + (*text == '"')) << text;
     }
     EXPECT_EQ(nullptr, UnquoteString(nullptr));
-}
-
-TEST(UnquoteString, LeavesTheByteBeforeAnEmptyTextAlone)
-{
-    char text[] = "\"\0";
-    EXPECT_STREQ("", UnquoteString(text + 1));
-    EXPECT_EQ('"', text[0]);
+    char before[] = "\"\0";
+    EXPECT_STREQ("", UnquoteString(before + 1));
+    EXPECT_EQ('"', before[0]) << "the byte before an empty text";
 }
 
 TEST(AddAnotherAmpersand, DoublesEachRunBetweenTexts)
 {
     const std::string longPart(2000, 'x');
-    const std::array<std::array<std::string, 2>, 9> cases = {{
+    const std::array<std::array<std::string, 2>, 7> cases = {{
         {"A&B", "A&&B"},
-        {"A&&B", "A&&B"},
         {"A&&&&&B", "A&&B"},
         {"&File", "File"},
         {"Save&", "Save"},
         {"&&", ""},
         {"", ""},
-        {"a&b&c", "a&&b&&c"},
         {longPart + "&" + longPart, longPart + "&&" + longPart},
     }};
     for (const auto& [text, expected] : cases) {
@@ -192,14 +177,12 @@ TEST(Rstrncpy, CutsAndTerminatesWithinTheSize)
 
 TEST(Path, IsTheTextBeforeTheLastBackslash)
 {
-    static const std::array<std::array<const char*, 2>, 8> kCases = {{
+    static const std::array<std::array<const char*, 2>, 6> kCases = {{
         {"C:\\dir\\file.txt", "C:\\dir"},
-        {"C:\\file.txt", "C:"},
         {"C:\\dir\\", "C:\\dir"},
         {"\\file", ""},
         {"\\", ""},
         {"file.txt", "f"},
-        {"x/y", "x"},
         {"", ""},
     }};
     for (const auto& [name, folder] : kCases)

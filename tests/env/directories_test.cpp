@@ -51,41 +51,22 @@ class Directories : public testing::Test {
     test::DirectoriesDouble m_system;
 };
 
-TEST_F(Directories, UserFolders)
+TEST_F(Directories, OfTheUserComeFromTheSystem)
 {
-    m_system.users = {{UserFolder::AppData, "appdata"},
-                      {UserFolder::LocalAppData, "local"},
-                      {UserFolder::Documents, "documents"},
-                      {UserFolder::Cookies, "cookies"},
-                      {UserFolder::InternetCache, "cache"}};
-    EXPECT_EQ(Get(DIR_APPDATA), "appdata");
-    EXPECT_EQ(Get(DIR_LOCALAPPDATA), "local");
-    EXPECT_EQ(Get(DIR_DOCUMENTS), "documents");
-    EXPECT_EQ(Get(DIR_COOKIES), "cookies");
-    EXPECT_EQ(Get(DIR_INTERNETCACHE), "cache");
-}
-
-TEST_F(Directories, ApplicationDataAreAskedForOnce)
-{
-    for (const UserFolder folder : {UserFolder::AppData, UserFolder::LocalAppData})
-        m_system.users[folder] = "first";
-    Get(DIR_APPDATA), Get(DIR_LOCALAPPDATA);
-    EXPECT_EQ(m_system.questions, 2);
-    for (const UserFolder folder : {UserFolder::AppData, UserFolder::LocalAppData})
-        m_system.users[folder] = "second";
-    EXPECT_EQ(Get(DIR_APPDATA, 1), "first");
-    EXPECT_EQ(Get(DIR_LOCALAPPDATA, 1), "first");
-    EXPECT_EQ(m_system.questions, 2);
-    Get(DIR_DOCUMENTS), Get(DIR_DOCUMENTS);
-    EXPECT_EQ(m_system.questions, 4);
-}
-
-TEST_F(Directories, SystemFolderWhenThereIsNoUserFolder)
-{
-    m_system.users.clear();
+    const std::pair<DirTypes, UserFolder> kinds[] = {
+        {DIR_APPDATA, UserFolder::AppData},
+        {DIR_LOCALAPPDATA, UserFolder::LocalAppData},
+        {DIR_DOCUMENTS, UserFolder::Documents},
+        {DIR_COOKIES, UserFolder::Cookies},
+        {DIR_INTERNETCACHE, UserFolder::InternetCache}};
     m_system.system = "system";
-    for (const int kind : {DIR_APPDATA, DIR_LOCALAPPDATA, DIR_DOCUMENTS, DIR_COOKIES})
-        EXPECT_EQ(Get(kind), "system") << kind;
+    for (const auto& [kind, folder] : kinds) {
+        m_system.users = {{folder, "user's"}};
+        EXPECT_EQ(Get(kind), "user's") << kind;
+        m_system.users.clear();
+        const bool isAskedOnce = kind == DIR_APPDATA || kind == DIR_LOCALAPPDATA;
+        EXPECT_EQ(Get(kind, 1), isAskedOnce ? "user's" : "system") << kind;
+    }
 }
 
 TEST_F(Directories, UnknownKindsAreEmpty)
@@ -94,32 +75,20 @@ TEST_F(Directories, UnknownKindsAreEmpty)
         EXPECT_EQ(Get(kind, 1), "") << kind;
 }
 
-TEST_F(Directories, WorkDirectoriesComeFromTheIniFile)
+TEST_F(Directories, WorkDirectoriesComeFromTheIniFileAndAreReadAgainOnRequest)
 {
     const std::pair<DirTypes, const char*> kinds[] = {
         {DIR_PROJECTS, "Projects"}, {DIR_TABLES, "Tables"}, {DIR_CATALOGS, "Catalogs"},
         {DIR_DESIGNS, "Designs"},   {DIR_CURVES, "Curves"}, {DIR_TOOLS, "Tools"}};
     for (const auto& [kind, key] : kinds) {
         EXPECT_EQ(Get(kind), "") << key;
-        Set(key, (std::string("in ") + key).c_str());
+        Set(key, (std::string("in ") + key + platform::kSeparator).c_str());
+        EXPECT_EQ(Get(kind), std::string("in ") + key) << "without the separator";
+        Set(key, "second");
         EXPECT_EQ(Get(kind), std::string("in ") + key);
+        EXPECT_EQ(Get(kind, 1), "second") << key;
+        EXPECT_EQ(Get(kind), "second") << key;
     }
-}
-
-TEST_F(Directories, WorkDirectoriesAreReadAgainOnRequestOnly)
-{
-    Set("Tables", "first");
-    EXPECT_EQ(Get(DIR_TABLES), "first");
-    Set("Tables", "second");
-    EXPECT_EQ(Get(DIR_TABLES), "first");
-    EXPECT_EQ(Get(DIR_TABLES, 1), "second");
-    EXPECT_EQ(Get(DIR_TABLES), "second");
-}
-
-TEST_F(Directories, NoSeparatorAtTheEnd)
-{
-    Set("Curves", Native("some/where/").c_str());
-    EXPECT_EQ(Get(DIR_CURVES), Native("some/where"));
 }
 
 TEST_F(Directories, LongPathsAreCut)
@@ -187,11 +156,8 @@ TEST(GetDataFile, ReplacesTheExtension)
     };
     for (const Case& c : std::initializer_list<Case>{
              {"C:/x/report.txt", "csv", "C:/x/report.csv"},
-             {"report", "csv", "report.csv"},
              {"report.", "csv", "report.csv"},
-             {"a.b.c", "longer", "a.b.longer"},
              {"folder.x/report", "csv", "folder.x/report.csv"},
-             {"folder.x/", "csv", "folder.x/.csv"},
              {".hidden", "csv", ".csv"},
              {"", "csv", ".csv"},
              {"report.txt", "", "report."},
@@ -202,8 +168,6 @@ TEST(GetDataFile, ReplacesTheExtension)
         EXPECT_EQ(GetDataFile(buffer, c.extension), buffer.data());
         EXPECT_EQ(buffer.data(), expected) << c.name;
     }
-    char path[40] = "C:\\x\\report.txt";
-    EXPECT_STREQ(GetDataFile(path, "csv"), "C:\\x\\report.csv");
 }
 
 }  // namespace

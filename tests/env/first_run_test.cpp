@@ -82,15 +82,6 @@ TEST_F(FirstRun, MakesSettingsAndFolders)
     EXPECT_TRUE(std::filesystem::is_directory(m_folder.Path("appdata") + kSeparator + "Company"));
 }
 
-TEST_F(FirstRun, IniFileIsMadeInTheApplicationData)
-{
-    ChangeINIFileName("");
-    InstallRunner();
-    EXPECT_TRUE(Init());
-    EXPECT_TRUE(std::filesystem::exists(m_folder.Path("appdata") + kSeparator + "Company" +
-                                        kSeparator + "Product.ini"));
-}
-
 TEST_F(FirstRun, KeepsTheUsersSettingsButForDefaults)
 {
     const std::string tables = m_folder.Path("my") + kSeparator + "tables";
@@ -119,47 +110,31 @@ TEST_F(FirstRun, PackagesRunOnceEach)
     }
     for (const char* name : {"c.PKGX", "pkg", "readme.txt", "folder.PKG"})
         EXPECT_FALSE(std::filesystem::exists(m_folder.Path(std::string(name) + ".run"))) << name;
+    const std::string atTheStart = m_folder.Read("A.pkg.ini") + m_folder.Read("b.PKG.ini");
+    EXPECT_THAT(atTheStart, HasSubstr("A.pkg=EXECUTED")) << "marked before it runs";
     m_folder.Write("later.PKG", "");
     EXPECT_TRUE(Init());
+    EXPECT_THAT(m_folder.Read("b.PKG.ini"), testing::Not(HasSubstr("later.PKG")));
     EXPECT_EQ(m_folder.Read("later.PKG.run"), "0 1;");
     EXPECT_EQ(m_folder.Read("b.PKG.run"), "4660 1;");
 }
 
-TEST_F(FirstRun, PackagesAreMarkedBeforeTheyRun)
+TEST_F(FirstRun, TellsThatThePackagesCannotRun)
 {
     m_folder.Write("a.PKG", "");
-    m_folder.Write("b.PKG", "");
-    InstallRunner();
-    EXPECT_TRUE(Init());
-    EXPECT_THAT(m_folder.Read("a.PKG.ini"), HasSubstr("[PACKAGES]\r\na.PKG=EXECUTED\r\n"));
-    EXPECT_THAT(m_folder.Read("a.PKG.ini"), testing::Not(HasSubstr("b.PKG")));
-}
-
-TEST_F(FirstRun, MissingRunner)
-{
-    m_folder.Write("a.PKG", "");
-    test::MessageBoxDouble boxes({IDOK});
-    EXPECT_TRUE(Init(kOwner));
-    ASSERT_EQ(boxes.shown.size(), 1u);
-    EXPECT_EQ(boxes.shown[0].text, "The file " + platform::ComponentFile("script") +
-                                       " is missing.  Some components may not have been "
-                                       "installed.");
-    EXPECT_EQ(boxes.shown[0].caption, "Install Packages");
-    EXPECT_EQ(boxes.shown[0].style, 16u);
-    EXPECT_EQ(boxes.shown[0].owner, kOwner);
-    EXPECT_EQ(Value("PACKAGES", "a.PKG"), "");
-}
-
-TEST_F(FirstRun, RunnerWithoutEntryPoint)
-{
-    m_folder.Write("a.PKG", "");
-    InstallRunner("runner_without_entry");
-    test::MessageBoxDouble boxes({IDOK});
-    EXPECT_TRUE(Init());
-    EXPECT_THAT(boxes.shown[0].text,
-                HasSubstr("could not be linked.  Some components may not have been installed."));
-    EXPECT_EQ(boxes.shown[0].caption, "Install Packages");
-    EXPECT_EQ(Value("PACKAGES", "a.PKG"), "");
+    for (const bool installed : {false, true}) {
+        if (installed)
+            InstallRunner("runner_without_entry");
+        test::MessageBoxDouble boxes({IDOK});
+        EXPECT_TRUE(Init(kOwner));
+        EXPECT_EQ(boxes.shown[0].text, "The file " + platform::ComponentFile("script") +
+                                           (installed ? " could not be linked." : " is missing.") +
+                                           "  Some components may not have been installed.");
+        EXPECT_EQ(boxes.shown[0].caption, "Install Packages");
+        EXPECT_EQ(boxes.shown[0].style, 16u);
+        EXPECT_EQ(boxes.shown[0].owner, kOwner);
+        EXPECT_EQ(Value("PACKAGES", "a.PKG"), "");
+    }
 }
 
 TEST_F(FirstRun, RunnerIsLookedForBesideTheProgramAndInTheSystemsFolder)

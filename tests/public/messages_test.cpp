@@ -38,6 +38,8 @@ TEST(Messages, SpeakTheLanguageThatWasSet)
         {0x0C0C, "Annuler"},    {0x0415, "Cancel"}};
     for (const auto& [language, text] : cases)
         EXPECT_EQ(text, Message(language, 10)) << std::hex << language;
+    const CLanguage application;  // no table of its own
+    EXPECT_EQ("Cancel", application.String(Library(), 10));
 }
 
 TEST(Messages, ExistInEveryLanguageForEveryNumber)
@@ -78,15 +80,4 @@ TEST(Messages, TheFileFilterHasNamesAndPatternsInEveryLanguage)
         EXPECT_EQ("*.txt", parts[1]);
         EXPECT_EQ("*.*", parts[3]);
     }
-}
-
-TEST(Messages, AnyLanguageObjectFindsThemByTheLibrarysModule)
-{
-    const CLanguage application;  // no table of its own
-    EXPECT_EQ("Cancel", application.String(Library(), 10));
-}
-
-TEST(Messages, UnknownNumbersAreMarked)
-{
-    EXPECT_EQ("###", Message(kGerman, 4711));
 }
