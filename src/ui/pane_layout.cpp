@@ -118,23 +118,19 @@ static int LeftSize(const PaneData& pane, POINT own, POINT rest)
     return size;
 }
 
-static int RightSize(const PaneData& pane, POINT own, POINT rest)
-{
-    int size = pane.size;
-    if (own.x > Width(PaneRect(pane)) || (pane.flags & kPaneFixed))
-        size = own.x;
-    if (rest.x > Width(RestArea(pane)))
-        size = ToInt(Width(pane.area) - rest.x);
-    return size;
-}
+// The widths of a pane at the right, or the heights of one at the top or the bottom: the minimum
+// sizes of its window and of the rest, and what these and the whole area have.
+struct Extent {
+    std::int64_t own, rest, ofWindow, ofRest, ofArea;
+};
 
-static int HeightSize(const PaneData& pane, POINT own, POINT rest)
+static int UsualSize(const PaneData& pane, const Extent& extent)
 {
     int size = pane.size;
-    if (own.y > Height(PaneRect(pane)) || (pane.flags & kPaneFixed))
-        size = own.y;
-    if (rest.y > Height(RestArea(pane)))
-        size = ToInt(Height(pane.area) - rest.y);
+    if (extent.own > extent.ofWindow || (pane.flags & kPaneFixed))
+        size = ToInt(extent.own);
+    if (extent.rest > extent.ofRest)
+        size = ToInt(extent.ofArea - extent.rest);
     return size;
 }
 
@@ -144,9 +140,11 @@ static int CorrectedSize(const PaneData& pane, POINT own, POINT rest)
         case kPaneLeft:
             return LeftSize(pane, own, rest);
         case kPaneRight:
-            return RightSize(pane, own, rest);
+            return UsualSize(pane, {own.x, rest.x, Width(PaneRect(pane)), Width(RestArea(pane)),
+                                    Width(pane.area)});
         default:
-            return HeightSize(pane, own, rest);
+            return UsualSize(pane, {own.y, rest.y, Height(PaneRect(pane)), Height(RestArea(pane)),
+                                    Height(pane.area)});
     }
 }
 

@@ -22,7 +22,6 @@ enum String {
     kNotFound = 1011,
     kNoSuchFolder = 1110,
 };
-constexpr int kList = 1128;
 constexpr std::size_t kLongestText = 59;
 
 template <std::size_t kSize>
@@ -109,7 +108,7 @@ void CBrowseBox::ChangePath(HWND dialog)
     Copy(folder, m_folder);
     if (BrowseFolder(dialog, folder) && *folder)
         ChangeDirectories(dialog, folder);
-    ::SetFocus(::GetDlgItem(dialog, kList));
+    ::SetFocus(::GetDlgItem(dialog, qx::win32::BrowseDialog::kList));
 }
 
 void CBrowseBox::SetCaption(const char* text)

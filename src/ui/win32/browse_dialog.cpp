@@ -22,7 +22,6 @@ enum Resource {
     kName = 1001,
     kAnchor = 1003,
     kPicture = 1008,
-    kList = 1128,
     kHelp = 1129,
     kFolder = 2505,
     kFolderButton = 2515,

@@ -10,6 +10,8 @@ namespace qx::win32 {
 
 class BrowseDialog {
   public:
+    static constexpr int kList = 1128;  // the control with the files
+
     explicit BrowseDialog(CBrowseBox& box) : m_box(box) {}
     BrowseDialog(const BrowseDialog&) = delete;
     BrowseDialog& operator=(const BrowseDialog&) = delete;

@@ -1,4 +1,5 @@
 #include "ui/button_panel.h"
+#include "win32/window_class.h"
 
 #include <qxutility/formats/xml_document.h>
 #include <qxutility/ui/button_panel.h>
@@ -41,13 +42,7 @@ Layout::~Layout()
 
 void Layout::RegisterPanelClass()
 {
-    WNDCLASSA description{};
-    description.hInstance = m_module;
-    description.lpszClassName = kPanelClass;
-    description.hCursor = ::LoadCursorA(nullptr, IDC_ARROW);
-    description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-    description.lpfnWndProc = Procedure;
-    m_registered = ::RegisterClassA(&description) != 0;
+    m_registered = win32::RegisterPlainClass(m_module, kPanelClass, Procedure);
 }
 
 // Comments and stray end tags are elements without a name, and no buttons.

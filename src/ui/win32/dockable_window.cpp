@@ -1,5 +1,6 @@
 #include "ui/area.h"
 #include "win32/subclass.h"
+#include "win32/window_class.h"
 
 #include <qxutility/ui/dockable_window.h>
 
@@ -50,13 +51,7 @@ DockableWindow::~DockableWindow()
 
 void DockableWindow::RegisterWindowClass()
 {
-    WNDCLASSA description{};
-    description.hInstance = m_module;
-    description.lpszClassName = kFloatClass;
-    description.hCursor = ::LoadCursorA(nullptr, IDC_ARROW);
-    description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-    description.lpfnWndProc = FloatProcedure;
-    ::RegisterClassA(&description);
+    win32::RegisterPlainClass(m_module, kFloatClass, FloatProcedure);
 }
 
 static SIZE SizeOf(HWND window)

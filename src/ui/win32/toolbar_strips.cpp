@@ -1,5 +1,6 @@
 // Which object handles the messages of which strip, and the procedure of all strips.
 #include "ui/win32/toolbar_strip_window.h"
+#include "win32/window_class.h"
 
 #include <windowsx.h>
 
@@ -86,17 +87,6 @@ void StripWindow::Leave(const std::shared_ptr<StripWindow>& strip)
         strip->m_self = strip;
 }
 
-static void RegisterStripClass(HINSTANCE module, WNDPROC procedure)
-{
-    WNDCLASSA description{};
-    description.hInstance = module;
-    description.lpszClassName = kStripClass;
-    description.hCursor = ::LoadCursorA(nullptr, IDC_ARROW);
-    description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-    description.lpfnWndProc = procedure;
-    ::RegisterClassA(&description);  // fails from the second strip on
-}
-
 bool StripWindow::Create(HWND parent, const StripResources& resources)
 {
     if (m_window)
@@ -107,7 +97,7 @@ bool StripWindow::Create(HWND parent, const StripResources& resources)
     m_module = reinterpret_cast<HINSTANCE>(::GetWindowLongPtrA(parent, GWLP_HINSTANCE));
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_COOL_CLASSES | ICC_USEREX_CLASSES};
     ::InitCommonControlsEx(&controls);
-    RegisterStripClass(m_module, Procedure);
+    win32::RegisterPlainClass(m_module, kStripClass, Procedure);  // fails from the second on
     Procedure(nullptr, UM_ATTACHOBJECT, reinterpret_cast<WPARAM>(this), 0);
     const auto id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(resources.controlId));
     ::CreateWindowExA(WS_EX_TOOLWINDOW, kStripClass, "Rebar",
