@@ -1,11 +1,11 @@
 #include "config/process.h"
 #include "doubles/module_double.h"
 #include "doubles/resources_double.h"
+#include "support/temporary_folder.h"
 
 #include <qxutility/config/startup.h>
 
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 
 using qx::Process;
@@ -18,24 +18,20 @@ class Startup : public testing::Test {
   protected:
     Startup()
     {
-        std::filesystem::create_directories(m_folder);
-        m_modules.paths[kLibrary] = (m_folder / "library").string();
+        m_modules.paths[kLibrary] = m_folder.Path("library");
         m_resources.strings[{kLibrary, 9}] = "from the resources";
     }
-    ~Startup() override
-    {
-        qx::DetachProcess();
-        std::filesystem::remove_all(m_folder);
-    }
+    ~Startup() override { qx::DetachProcess(); }
 
     void WriteTable(const std::string& content) const
     {
-        std::ofstream(m_folder / "QXUTILITY_LANGUAGE_c.DAT", std::ios::binary) << content;
+        m_folder.Write("QXUTILITY_LANGUAGE_c.DAT", content);
     }
     static std::string String(unsigned id) { return Process().language.String(kLibrary, id); }
 
+    const qx::test::TemporaryFolder m_folder;
+
   private:
-    std::filesystem::path m_folder = std::filesystem::temp_directory_path() / "qx_startup_test";
     qx::test::ModuleDouble m_modules;
     qx::test::ResourcesDouble m_resources;
 };
@@ -71,7 +67,7 @@ TEST_F(Startup, NeverTakesATableFromTheCurrentFolder)
     WriteTable(kTable);
     const qx::test::ModuleDouble nowhere;
     const auto before = std::filesystem::current_path();
-    std::filesystem::current_path(std::filesystem::temp_directory_path() / "qx_startup_test");
+    std::filesystem::current_path(m_folder.Path());
     qx::AttachProcess(kLibrary);
     std::filesystem::current_path(before);
     EXPECT_EQ(nullptr, Process().table);
