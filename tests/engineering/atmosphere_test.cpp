@@ -145,6 +145,9 @@ TEST_F(AtmosphereInINI, IsWrittenToANewFileWithThreeDigitExponents)
     CAtmPressure read;
     read.GetFromINI(Path());
     EXPECT_TRUE(pressure == read);
+    pressure.SetToINI(1234, DT_KPA, Path());
+    EXPECT_NE(std::string::npos, File().find("Atmosphere=178.9 1234 12.34 4962 364.4 126045 9255"))
+        << "six digits: " << File();
 }
 
 TEST_F(AtmosphereInINI, SurvivesAFileThatCannotBeWritten)

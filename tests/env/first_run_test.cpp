@@ -301,7 +301,7 @@ TEST_F(FirstRun, DamagedSettingsDoNotReplaceTheGoodCopy)
     EXPECT_TRUE(InitWithoutRunner());
     const std::string good = m_folder.Read("settings.ini.good");
     EXPECT_THAT(good, HasSubstr("k=good"));
-    for (const std::string& damaged : {""s, "\0\0\0[A]\r\nk=1\r\n"s, "garbage"s}) {
+    for (const std::string& damaged : {""s, "\0\0\0[A]\r\nk=1\r\n"s, "garb]age["s}) {
         m_folder.Write("settings.ini", damaged);
         EXPECT_TRUE(InitWithoutRunner());
         EXPECT_EQ(m_folder.Read("settings.ini.good"), good) << testing::PrintToString(damaged);
