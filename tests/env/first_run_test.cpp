@@ -127,9 +127,10 @@ TEST_F(FirstRun, TellsThatThePackagesCannotRun)
             InstallRunner("runner_without_entry");
         test::MessageBoxDouble boxes({IDOK});
         EXPECT_TRUE(Init(kOwner));
-        EXPECT_EQ(boxes.shown[0].text, "The file " + platform::ComponentFile("script") +
-                                           (installed ? " could not be linked." : " is missing.") +
-                                           "  Some components may not have been installed.");
+        EXPECT_THAT(boxes.shown[0].text,
+                    testing::StrCaseEq("The file " + platform::ComponentFile("script") +
+                                       (installed ? " could not be linked." : " is missing.") +
+                                       "  Some components may not have been installed."));
         EXPECT_EQ(boxes.shown[0].caption, "Install Packages");
         EXPECT_EQ(boxes.shown[0].style, 16u);
         EXPECT_EQ(boxes.shown[0].owner, kOwner);
