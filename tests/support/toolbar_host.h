@@ -13,6 +13,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <iterator>
 #include <map>
 #include <memory>
@@ -129,6 +130,14 @@ struct ToolbarHost {
     Spy m_spy{window, [this](UINT message, WPARAM wParam, LPARAM lParam) {
                   return Note(message, wParam, lParam);
               }};
+};
+
+struct LoadedHost : ToolbarHost {
+    LoadedHost() { Load(); }
+};
+
+struct ToolbarTest : testing::Test {
+    const UserToolbars user;
 };
 
 }  // namespace qx::test

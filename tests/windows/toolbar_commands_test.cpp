@@ -1,6 +1,8 @@
 // What users do with a strip of toolbars: the mouse, the menu, the customise dialog, floating bars.
 #include "support/toolbar_host.h"
 
+#include <qxutility/config/startup.h>
+
 #include <algorithm>
 #include <gmock/gmock.h>
 
@@ -8,15 +10,17 @@ using namespace qx::test;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Not;
+using ToolbarMenu = ToolbarTest;
+using ToolbarDrag = ToolbarTest;
+using ToolbarMouse = ToolbarTest;
+using ToolbarTexts = ToolbarTest;
+using ToolbarCustomise = ToolbarTest;
 
 enum Command { kCustomize = 2000, kLock, kNew, kDelete, kReset, kFirstBar };
 
 static const char kPlaces[] = "8 3 105 27; 147 3 197 27; 8 29 8 53; -207 29 232 53; ";
 static constexpr POINT kOnFile{3, 10}, kOnEdit{143, 10}, kBeside{300, 10};
-
-struct LoadedHost : ToolbarHost {
-    LoadedHost() { Load(); }
-};
 
 // ---- The menu
 
@@ -54,9 +58,8 @@ static std::vector<std::string> Choose(ToolbarHost& host, POINT at, UINT command
     return items;
 }
 
-TEST(ToolbarMenu, ShowsWhatCanBeDone)
+TEST_F(ToolbarMenu, ShowsWhatCanBeDone)
 {
-    const UserToolbars user;
     LoadedHost host;
     EXPECT_THAT(Choose(host, kOnFile, 0),
                 ElementsAre("2002 New Toolbar", "2003 Delete Toolbar: File", "-",
@@ -64,12 +67,14 @@ TEST(ToolbarMenu, ShowsWhatCanBeDone)
                             "-", "2005+ File", "2006-+ Edit", "2007+ Scale", "2008 Extra"));
     EXPECT_EQ(1, host.Count("changed")) << "also when the menu is dismissed";
     EXPECT_THAT(Choose(host, kOnEdit, 0), Contains("2003- Delete Toolbar: Edit"));
-    EXPECT_THAT(Choose(host, kBeside, 0), Contains("2000- Customize..."));
+    EXPECT_THAT(Choose(host, kBeside, kLock), Contains("2000- Customize..."));
+    EXPECT_THAT(Choose(host, kBeside, 0), Contains("2001+ Lock Toolbars"));
+    ::SendMessageA(host.strip, WM_LBUTTONDOWN, 0, MAKELPARAM(3, 10));
+    EXPECT_NE(host.strip, ::GetCapture()) << "locked";
 }
 
-TEST(ToolbarMenu, TellsTheStatusLineAboutItems)
+TEST_F(ToolbarMenu, TellsTheStatusLineAboutItems)
 {
-    const UserToolbars user;
     LoadedHost host;
     host.told.clear();
     Choose(host, kOnFile, kFirstBar + 3);
@@ -79,9 +84,8 @@ TEST(ToolbarMenu, TellsTheStatusLineAboutItems)
     EXPECT_EQ(1, host.Count("status: Show Extra toolbar"));
 }
 
-TEST(ToolbarMenu, HidesAndShowsBarsButNeverTheLast)
+TEST_F(ToolbarMenu, HidesAndShowsBarsButNeverTheLast)
 {
-    const UserToolbars user;
     user.Write(
         "<a ID=\"101\" Editable=\"1\" Name=\"A\"><b><idCommand>1</idCommand></b></a>"
         "<a ID=\"102\" Editable=\"1\" Name=\"B\" Y=\"29\"><b><idCommand>1</idCommand></b>"
@@ -94,20 +98,8 @@ TEST(ToolbarMenu, HidesAndShowsBarsButNeverTheLast)
     EXPECT_TRUE(::IsWindowVisible(host.Toolbar(kFile)));
 }
 
-TEST(ToolbarMenu, LockedBarsCannotBeDragged)
+TEST_F(ToolbarMenu, DeletesABarWhenTheUserAgrees)
 {
-    const UserToolbars user;
-    LoadedHost host;
-    Choose(host, kOnFile, kLock);
-    ::SendMessageA(host.strip, WM_LBUTTONDOWN, 0, MAKELPARAM(3, 10));
-    EXPECT_NE(host.strip, ::GetCapture());
-    EXPECT_THAT(Choose(host, kOnFile, kLock), Contains("2001+ Lock Toolbars"));
-    EXPECT_THAT(Choose(host, kOnFile, 0), Contains("2001 Lock Toolbars"));
-}
-
-TEST(ToolbarMenu, DeletesABarWhenTheUserAgrees)
-{
-    const UserToolbars user;
     LoadedHost host;
     std::string question;
     int answer = IDNO;
@@ -126,9 +118,8 @@ TEST(ToolbarMenu, DeletesABarWhenTheUserAgrees)
     EXPECT_TRUE(host.Toolbar(kEdit)) << "is no longer found behind the empty record";
 }
 
-TEST(ToolbarMenu, ResetBringsBackTheProgramsBars)
+TEST_F(ToolbarMenu, ResetBringsBackTheProgramsBars)
 {
-    const UserToolbars user;
     user.Write("<a ID=\"101\" Name=\"A\"><b><idCommand>1</idCommand></b></a>");
     LoadedHost host;
     std::string question;
@@ -146,9 +137,8 @@ TEST(ToolbarMenu, ResetBringsBackTheProgramsBars)
 
 // ---- The mouse
 
-TEST(ToolbarDrag, BarFollowsTheRealMouse)
+TEST_F(ToolbarDrag, BarFollowsTheRealMouse)
 {
-    const UserToolbars user;
     LoadedHost host;
     MoveMouse(host.strip, 3, 10);
     EXPECT_TRUE(PumpUntil([] { return ::GetCursor() == ::LoadCursorA(nullptr, IDC_SIZEALL); }));
@@ -166,20 +156,8 @@ TEST(ToolbarDrag, BarFollowsTheRealMouse)
     EXPECT_TRUE(PumpUntil([] { return ::GetCursor() == ::LoadCursorA(nullptr, IDC_ARROW); }));
 }
 
-TEST(ToolbarDrag, LosingTheMouseEndsIt)
+TEST_F(ToolbarMouse, ClicksTooltipsAndTheMenuOfAToolbarReachTheHost)
 {
-    const UserToolbars user;
-    LoadedHost host;
-    ::SendMessageA(host.strip, WM_LBUTTONDOWN, 0, MAKELPARAM(3, 10));
-    ::SetCapture(host.window);
-    ::SendMessageA(host.strip, WM_MOUSEMOVE, 0, MAKELPARAM(20, 60));
-    ::ReleaseCapture();
-    EXPECT_EQ(kPlaces, host.Places());
-}
-
-TEST(ToolbarMouse, ClicksTooltipsAndTheMenuOfAToolbarReachTheHost)
-{
-    const UserToolbars user;
     LoadedHost host;
     host.master->UpdateButtonStates();
     const HWND bar = host.Toolbar(kFile);
@@ -199,9 +177,8 @@ TEST(ToolbarMouse, ClicksTooltipsAndTheMenuOfAToolbarReachTheHost)
     EXPECT_TRUE(PumpUntil([&] { return host.Count("changed") == 1; })) << "the menu was open";
 }
 
-TEST(ToolbarTexts, ComeFromTheHostElseFromItsStrings)
+TEST_F(ToolbarTexts, ComeFromTheHostElseFromItsStrings)
 {
-    const UserToolbars user;
     LoadedHost host;
     const auto text = [&](UINT_PTR command) {
         NMTTDISPINFOA tip{};
@@ -219,9 +196,8 @@ TEST(ToolbarTexts, ComeFromTheHostElseFromItsStrings)
 
 // ---- The customise dialog
 
-TEST(ToolbarCustomise, DialogHasTheNameAndGivesButtons)
+TEST_F(ToolbarCustomise, DialogHasTheNameAndGivesButtons)
 {
-    const UserToolbars user;
     LoadedHost host;
     std::vector<std::string> seen;
     const ModalAnswer modal([&](HWND dialog) {
@@ -246,9 +222,38 @@ TEST(ToolbarCustomise, DialogHasTheNameAndGivesButtons)
     EXPECT_THAT(user.Read(), HasSubstr("Name=\"My bar\""));
 }
 
-TEST(ToolbarCustomise, NewBarIsFilledByTheUser)
+TEST_F(ToolbarTexts, AreInTheUsersLanguageAndFit)
 {
-    const UserToolbars user;
+    const struct {
+        DWORD lcid;
+        const char *entry, *label;
+    } cases[] = {{0x0407, "2003 Symbolleiste l\366schen: File", "Leistenname: "},
+                 {0x040C, "2003 Supprimer la barre d'outils\240: File", "Nom\240: "},
+                 {0x040A, "2003 Eliminar barra de herramientas: File", "Nombre: "},
+                 {0x0410, "2003 Elimina barra degli strumenti: File", "Nome: "},
+                 {0x0416, "2003 Excluir barra de ferramentas: File", "Nome: "},
+                 {0x0413, "2003 Werkbalk verwijderen: File", "Naam: "},
+                 {0x041D, "2003 Ta bort verktygsf\344lt: File", "Namn: "},
+                 {0x0409, "2003 Delete Toolbar: File", "Toolbar name: "}};
+    for (const auto& c : cases) {
+        LoadedHost host;
+        QXUtility_SetLanguage(c.lcid);
+        EXPECT_THAT(Choose(host, kOnFile, 0), Contains(c.entry));
+        const ModalAnswer modal([&](HWND dialog) {
+            std::vector<std::string> texts;
+            for (const HWND child : ChildrenOf(dialog))
+                texts.push_back(TextOf(child));
+            EXPECT_THAT(texts, Contains(c.label));
+            EXPECT_THAT(CutTexts(dialog), Not(Contains(c.label)));
+            Press(dialog, 2);
+        });
+        ::SendMessageA(host.Toolbar(kFile), TB_CUSTOMIZE, 0, 0);
+        EXPECT_EQ(1, modal.Count());
+    }
+}
+
+TEST_F(ToolbarCustomise, NewBarIsFilledByTheUser)
+{
     LoadedHost host;
     const ModalAnswer modal([&](HWND dialog) {
         ::SendDlgItemMessageA(dialog, 201, LB_SETCURSEL, 1, 0);
@@ -265,9 +270,8 @@ TEST(ToolbarCustomise, NewBarIsFilledByTheUser)
     EXPECT_THAT(Choose(host, kBeside, 0), Contains("2009+ New Toolbar"));
 }
 
-TEST(ToolbarCustomise, ResetOfTheDialogBringsTheDefaults)
+TEST_F(ToolbarCustomise, ResetOfTheDialogBringsTheDefaults)
 {
-    const UserToolbars user;
     user.Write("<a ID=\"101\" Editable=\"1\"><b><idCommand>1</idCommand></b></a>");
     LoadedHost host;
     const ModalAnswer modal([&](HWND) {

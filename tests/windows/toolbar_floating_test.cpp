@@ -6,6 +6,8 @@
 
 using namespace qx::test;
 using testing::HasSubstr;
+using FloatingToolbars = ToolbarTest;
+using StripLife = ToolbarTest;
 
 static const char kFloatingBars[] =
     "<a ID=\"101\" Name=\"A\" UnDocked=\"1\" X=\"620\" "
@@ -31,11 +33,9 @@ static POINT PlaceOf(HWND window)
     return {area.left, area.top};
 }
 
-TEST(FloatingToolbars, FloatAndDockAgain)
+TEST_F(FloatingToolbars, FloatAndDockAgain)
 {
-    const UserToolbars user;
-    ToolbarHost host;
-    host.Load();
+    LoadedHost host;
     const HWND bar = host.Toolbar(kFile);
     host.master->ToggleDock(-1, -1, kFile, -1);
     const HWND floating = FloatOf(host, kFile);
@@ -60,12 +60,10 @@ TEST(FloatingToolbars, FloatAndDockAgain)
     EXPECT_FALSE(FloatOf(host, kFile)) << "no bar at the point";
 }
 
-TEST(FloatingToolbars, ComeBackWhereTheyWereOrWhereAScreenShowsThem)
+TEST_F(FloatingToolbars, ComeBackWhereTheyWereOrWhereAScreenShowsThem)
 {
-    const UserToolbars user;
     user.Write(kFloatingBars);
-    ToolbarHost host;
-    host.Load();
+    LoadedHost host;
     EXPECT_EQ(620, PlaceOf(FloatOf(host, 101)).x);
     EXPECT_EQ(310, PlaceOf(FloatOf(host, 101)).y);
     EXPECT_EQ(0, PlaceOf(FloatOf(host, 102)).x) << "floats as it comes after a floating one";
@@ -81,9 +79,8 @@ TEST(FloatingToolbars, ComeBackWhereTheyWereOrWhereAScreenShowsThem)
 
 // ---- Life
 
-TEST(StripLife, ObjectStripAndHostMayGoInAnyOrder)
+TEST_F(StripLife, ObjectStripAndHostMayGoInAnyOrder)
 {
-    const UserToolbars user;
     const TestWindow window("Rounds");
     ::ShowWindow(window, SW_HIDE);  // nothing is painted: that takes most of the time
     const auto round = [&](int i) {
@@ -117,9 +114,8 @@ TEST(StripLife, ObjectStripAndHostMayGoInAnyOrder)
     EXPECT_EQ(before, CountObjects());
 }
 
-TEST(StripLife, HostMayEndItInAnyMessage)
+TEST_F(StripLife, HostMayEndItInAnyMessage)
 {
-    const UserToolbars user;
     for (const UINT message : {UINT{WM_NOTIFY}, UM_COMMANDSTATE, UM_TOOLBARSCHANGED}) {
         for (const bool object : {true, false}) {
             ToolbarHost host;
@@ -138,9 +134,8 @@ TEST(StripLife, HostMayEndItInAnyMessage)
     }
 }
 
-TEST(StripLife, MessagesAtOddTimesDoNoHarm)
+TEST_F(StripLife, MessagesAtOddTimesDoNoHarm)
 {
-    const UserToolbars user;
     ToolbarHost host;
     const Spy spy(host.strip, [&](UINT message, WPARAM, LPARAM) {
         if (message == WM_INITMENUPOPUP)
@@ -162,9 +157,8 @@ TEST(StripLife, MessagesAtOddTimesDoNoHarm)
     EXPECT_EQ("8 3 105 27", host.Places().substr(0, 10));
 }
 
-TEST(StripLife, MayBeUsedWhileItIsCreated)
+TEST_F(StripLife, MayBeUsedWhileItIsCreated)
 {
-    const UserToolbars user;
     ToolbarHost host;
     host.master = std::make_unique<ToolBarMaster>();
     bool armed = true;
@@ -181,9 +175,8 @@ TEST(StripLife, MayBeUsedWhileItIsCreated)
     EXPECT_TRUE(FloatOf(host, kFile));
 }
 
-TEST(StripLife, MoreThanSixteenStripsShareAnObject)
+TEST_F(StripLife, MoreThanSixteenStripsShareAnObject)
 {
-    const UserToolbars user;
     std::list<ToolbarHost> hosts(18);
     for (ToolbarHost& host : hosts) {
         EXPECT_EQ(1, host.created);

@@ -7,6 +7,7 @@
 using namespace qx::test;
 using testing::HasSubstr;
 using testing::Not;
+using ToolStrip = ToolbarTest;
 
 static const char kPlaces[] = "8 3 105 27; 147 3 197 27; 8 29 8 53; -207 29 232 53; ";
 
@@ -31,9 +32,8 @@ static std::string States(HWND toolbar)
     return text;
 }
 
-TEST(ToolBarMaster, LaysOutTheDefaultToolbars)
+TEST_F(ToolStrip, LaysOutTheDefaultToolbars)
 {
-    const UserToolbars user;
     ToolbarHost host;
     EXPECT_EQ(1, host.created);
     EXPECT_EQ(50, ::GetDlgCtrlID(host.strip));
@@ -44,17 +44,21 @@ TEST(ToolBarMaster, LaysOutTheDefaultToolbars)
     EXPECT_EQ("0 0 " + std::to_string(client.right) + " 55", Text(AreaOf(host.strip)));
     EXPECT_EQ(97, host.master->GetBandWidth(host.Toolbar(kFile)));
     EXPECT_EQ(24, host.master->GetBandHeight(host.Toolbar(kFile)));
+    RBHITTESTINFO test{{3, 10}, 0, 77};
+    EXPECT_EQ(0, ::SendMessageA(host.strip, RB_HITTEST, 0, reinterpret_cast<LPARAM>(&test)));
+    EXPECT_EQ(4U, test.flags) << "the grip";
     EXPECT_TRUE(host.master->IsWrapable(host.Toolbar(kFile)));
     EXPECT_FALSE(host.master->IsWrapable(host.window));
 }
 
-TEST(ToolBarMaster, FollowsTheStripsWidth)
+TEST_F(ToolStrip, FollowsTheStripsWidth)
 {
-    const UserToolbars user;
-    ToolbarHost host;
-    host.Load();
+    LoadedHost host;
     host.told.clear();
     host.master->SizeRebarWindow(190, 60);
+    EXPECT_EQ("8 3 105 27; 140 29 190 53; 8 29 8 53; -165 55 190 79; ", host.Places());
+    host.master->SizeRebarWindow(0, 0);  // as hosts do while they are minimised
+    host.master->SizeRebarWindow(190, 0);
     EXPECT_EQ("8 3 105 27; 140 29 190 53; 8 29 8 53; -165 55 190 79; ", host.Places());
     EXPECT_EQ("0 0 190 55", Text(AreaOf(host.strip)));
     EXPECT_LE(1, host.Count("autosize"));
@@ -63,11 +67,9 @@ TEST(ToolBarMaster, FollowsTheStripsWidth)
     EXPECT_EQ(190, area.right - area.left);
 }
 
-TEST(ToolBarMaster, PaintsGripsAndFrames)
+TEST_F(ToolStrip, PaintsGripsAndFrames)
 {
-    const UserToolbars user;
-    ToolbarHost host;
-    host.Load();
+    LoadedHost host;
     ::InvalidateRect(host.strip, nullptr, TRUE);
     ::UpdateWindow(host.strip);
     const COLORREF line = RGB(191, 188, 177), white = RGB(255, 255, 255);
@@ -88,35 +90,13 @@ TEST(ToolBarMaster, PaintsGripsAndFrames)
         EXPECT_EQ(c.color, PixelOf(host.strip, c.x, c.y)) << c.x << ' ' << c.y;
 }
 
-TEST(ToolBarMaster, HitTestKnowsGripsAndBars)
+TEST_F(ToolStrip, ButtonsFollowTheHostsAnswers)
 {
-    const UserToolbars user;
-    ToolbarHost host;
-    host.Load();
-    struct {
-        POINT at;
-        UINT code;
-        int index;
-    } const cases[] = {{{3, 10}, 4, 0},    {{8, 3}, 3, 0},    {{104, 26}, 3, 0},
-                       {{105, 10}, 1, -1}, {{141, 10}, 4, 1}, {{210, 40}, 1, -1}};
-    for (const auto& c : cases) {
-        RBHITTESTINFO test{c.at, 0, 77};
-        EXPECT_EQ(c.index,
-                  ::SendMessageA(host.strip, RB_HITTEST, 0, reinterpret_cast<LPARAM>(&test)));
-        EXPECT_EQ(c.code, test.flags) << c.at.x;
-        EXPECT_EQ(c.index, test.iBand) << c.at.x;
-    }
-}
-
-TEST(ToolBarMaster, ButtonsFollowTheHostsAnswers)
-{
-    const UserToolbars user;
     user.Write(
         "<a ID=\"101\"><b><idCommand>1</idCommand></b><b><Style>separator</Style></b>"
         "<b><idCommand>2</idCommand></b><b><Style>separator</Style></b>"
         "<b><idCommand>3</idCommand></b></a>");
-    ToolbarHost host;
-    host.Load();
+    LoadedHost host;
     EXPECT_EQ("0 | 0 | 0 ", States(host.Toolbar(kFile)));
     host.answers = {{1, 5}, {2, 0}, {3, 6}};
     host.master->UpdateButtonStates();
@@ -128,9 +108,8 @@ TEST(ToolBarMaster, ButtonsFollowTheHostsAnswers)
     EXPECT_EQ("8 3 67 27; ", host.Places());
 }
 
-TEST(ToolBarMaster, ComesBackAsItWasSaved)
+TEST_F(ToolStrip, ComesBackAsItWasSaved)
 {
-    const UserToolbars user;
     {
         ToolbarHost host;
         host.Load();
@@ -150,11 +129,9 @@ TEST(ToolBarMaster, ComesBackAsItWasSaved)
     EXPECT_EQ("8 3 105 27; 140 29 190 53; 8 29 98 53; -165 55 190 79; ", again.Places());
 }
 
-TEST(ToolBarMaster, HostsAWindowAndKeepsItOverALoad)
+TEST_F(ToolStrip, HostsAWindowAndKeepsItOverALoad)
 {
-    const UserToolbars user;
-    ToolbarHost host;
-    host.Load();
+    LoadedHost host;
     const HWND combo = MakeCombo(host.window);
     EXPECT_TRUE(host.master->CreateToolBar(kScale, combo, 0));
     for (int i = 0; i < 2; ++i) {
@@ -175,41 +152,17 @@ TEST(ToolBarMaster, HostsAWindowAndKeepsItOverALoad)
     EXPECT_TRUE(::IsWindowVisible(host.Toolbar(500)));
 }
 
-// ---- Files
-
-TEST(ToolBarMaster, UnreadableFileIsKeptBeforeItIsReplaced)
+TEST_F(ToolStrip, FileThatHidesAllBarsShowsTheFirst)
 {
-    const char* const texts[] = {"no toolbars", "<Toolbar ID=\"7\"></Toolbar>",
-                                 "<Toolbar ID=\"101\"><Button></Button>"};
-    for (const char* text : texts) {
-        const UserToolbars user;
-        user.Write(text);
-        ToolbarHost host;
-        host.Load();
-        EXPECT_TRUE(host.Toolbar(kFile)) << text;
-        for (int i = 0; i < 2; ++i) {
-            host.master->SaveToolbars(UserToolbars::kName);
-            EXPECT_EQ(text, user.Read("bars.xml.unreadable"));
-            EXPECT_THAT(user.Read(), HasSubstr("<Toolbar ID=\"101\""));
-        }
-        EXPECT_EQ("", user.Read("bars.xml.unreadable2")) << text;
-    }
-}
-
-TEST(ToolBarMaster, FileThatHidesAllBarsShowsTheFirst)
-{
-    const UserToolbars user;
     user.Write(
         "<a ID=\"101\" Hidden=\"0\"><b><idCommand>1</idCommand></b></a>"
         "<a ID=\"102\" Hidden=\"0\"><b><idCommand>1</idCommand></b></a>");
-    ToolbarHost host;
-    host.Load();
+    LoadedHost host;
     EXPECT_EQ("8 3 33 27; -8 3 33 27; ", host.Places());
 }
 
-TEST(ToolBarMaster, WithoutItsCatalogueItIsLockedAndNotSaved)
+TEST_F(ToolStrip, WithoutItsCatalogueItIsLockedAndNotSaved)
 {
-    const UserToolbars user;
     ToolbarHost host(kDefaults, 999);
     host.Load();
     EXPECT_EQ(kPlaces, host.Places());
@@ -219,13 +172,4 @@ TEST(ToolBarMaster, WithoutItsCatalogueItIsLockedAndNotSaved)
     EXPECT_NE(host.strip, ::GetCapture());
     ::SendMessageA(host.strip, WM_RBUTTONDOWN, 0, MAKELPARAM(3, 10));
     EXPECT_EQ(0, host.Count("changed")) << "no menu";
-}
-
-TEST(ToolBarMaster, WithoutAnyFileThereAreNoToolbars)
-{
-    const UserToolbars user;
-    ToolbarHost host(998, -1);
-    host.Load();
-    EXPECT_EQ("", host.Places());
-    EXPECT_EQ("26", Text(AreaOf(host.strip)).substr(8));
 }

@@ -55,7 +55,8 @@ class QX_API ToolBarMaster {
                     int catalogue);
     // Loads the user's toolbars from a file in the folder "ZRW" of the application data, the
     // default ones when there is no such file or none could be read from it ("": always). Windows
-    // that stood in bars stand in them again.
+    // that stood in bars stand in them again. All are laid out in the strip's width: give it that
+    // before.
     void LoadToolbars(const char* fileName);
     // Saves them there, unless the strip cannot be customised. The file is replaced in one step;
     // one that could not be read in full is kept under the name with ".unreadable" added. Failures

@@ -45,6 +45,8 @@ bool StripWindow::LayOutOnce(int further)
 {
     RECT client{};
     ::GetClientRect(m_window, &client);
+    if (client.right <= 0)
+        return false;  // of a minimised host, say: it would end the user's arrangement
     std::vector<StripBar> places = StripBars();
     const StripLayout layout = LayOut(places, {client.right, client.bottom}, further);
     for (int i = 0; i < kMostBars; ++i)

@@ -128,7 +128,6 @@ class StripWindow : public std::enable_shared_from_this<StripWindow> {
 
     // Notifications and the customise dialog: toolbar_notifications.cpp, toolbar_customise.cpp
     LRESULT PassOn(WPARAM wParam, NMHDR& notification) const;
-    bool GetButtonByCmdID(int command, ToolbarButton& button) const;
     std::string TextOfCommand(int command);
     bool ButtonInfo(NMTOOLBARA& info);
     void EndAdjust(HWND toolbar);

@@ -78,6 +78,8 @@ StripWindow::~StripWindow()
     std::erase(Objects(), this);
     if (current == this)
         current = nullptr;
+    if (m_module)  // fails as long as there are other strips
+        ::UnregisterClassA(kStripClass, m_module);
 }
 
 void StripWindow::Leave(const std::shared_ptr<StripWindow>& strip)
