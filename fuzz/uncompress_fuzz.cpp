@@ -59,7 +59,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         return 0;
     const std::string bytes(reinterpret_cast<const char*>(data) + 1, size - 1);
     if (data[0] & 1)
-        Uncompress(bytes, data[0] & 2 ? data[0] : 65536);
+        Uncompress(bytes, data[0] & 2 ? data[0] : data[0] < 240 ? 1000 : 65536);
     else if (data[0] & 2)
         Search(bytes);
     else

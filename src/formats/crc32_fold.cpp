@@ -11,6 +11,7 @@
 #if defined(__GNUC__) && (defined(__x86_64__) || defined(__i386__))
 
 #include <immintrin.h>
+#include <utility>
 
 #define QX_FOLD128 gnu::target("pclmul,sse4.1,ssse3")
 #define QX_FOLD512 gnu::target("pclmul,sse4.1,ssse3,avx512f,avx512vl,avx512bw,vpclmulqdq")
@@ -133,22 +134,66 @@ consteval std::uint64_t Reciprocal()
     return Remainder(sum, last);
 }
 
-[[QX_FOLD128, gnu::always_inline]] inline std::uint32_t FoldNarrow(std::uint32_t reg, Bytes p,
-                                                                   std::size_t size)
-{
-    if (size < 16)
-        return CrcByTables(reg, p, size);
-    const Bytes end = p + size;
-    const __m128i begin = Begin(reg, p, size % 16);
-    p += size % 16;
-    __m128i a = _mm_xor_si128(begin, Load(p));
-    if (size < 64)
-        return Finish(_mm_setzero_si128(), a, p + 16, end);
+// A block can do without a multiplication: it counts as much at its place as when it is added at
+// all of these distances, in blocks, behind it. Additions are done beside the multiplications, by
+// other units of the processor, and so the first blocks of each piece of the bytes are spread over
+// the rest of it. The distances are the fewest that there are within some hundred blocks.
+constexpr std::array kSpread = {21, 26, 41, 51, 52, 70, 75};
+constexpr int kSpreadBlocks = 20, kPieceBlocks = 96;
+constexpr int kPieceRows = (kPieceBlocks - kSpreadBlocks) / 4;
+constexpr std::size_t kPieceSize = 16 * kPieceBlocks, kPiecesFrom = 64 + kPieceSize;
 
-    // Four lanes side by side, because a multiplication takes its time.
+consteval bool IsSpreadRight()
+{
+    std::uint64_t sum = 0;
+    for (const int distance : kSpread)
+        sum ^= PowerOfX(128 * (kSpread.back() - distance));
+    return sum == PowerOfX(128 * kSpread.back());
+}
+static_assert(IsSpreadRight());
+static_assert(kSpread.front() >= kSpreadBlocks && kSpread.back() <= kPieceBlocks - kSpreadBlocks);
+
+// A block of a piece if it is one of the first ones, which are spread.
+template <int block>
+[[QX_FOLD128, gnu::always_inline]] inline __m128i LoadIfSpread(Bytes piece)
+{
+    if constexpr (block >= 0 && block < kSpreadBlocks)
+        return Load(piece + 16 * block);
+    else
+        return _mm_setzero_si128();
+}
+
+// Four lanes side by side, because a multiplication takes its time.
+struct Lanes {
+    __m128i a, b, c, d;
+};
+
+// A lane at a block of a piece, to which others are spread.
+template <int block, std::size_t... i>
+[[QX_FOLD128, gnu::always_inline]] inline __m128i FoldSpread(__m128i lane, const Carry& carry,
+                                                             Bytes piece, std::index_sequence<i...>)
+{
+    const __m128i sum = (Load(piece + 16 * block) ^ ... ^ LoadIfSpread<block - kSpread[i]>(piece));
+    return _mm_xor_si128(Multiply(lane, carry), sum);
+}
+
+template <int block>
+[[QX_FOLD128, gnu::always_inline]] inline void FoldRow(Lanes& lanes, Bytes piece)
+{
+    static constexpr Carry kNext = CarryOver(block == kSpreadBlocks ? 128 * (block + 4) : 512);
+    constexpr auto kEach = std::make_index_sequence<kSpread.size()>();
+    lanes.a = FoldSpread<block>(lanes.a, kNext, piece, kEach);
+    lanes.b = FoldSpread<block + 1>(lanes.b, kNext, piece, kEach);
+    lanes.c = FoldSpread<block + 2>(lanes.c, kNext, piece, kEach);
+    lanes.d = FoldSpread<block + 3>(lanes.d, kNext, piece, kEach);
+}
+
+// The register at `end`, for lanes that hold what stands before p.
+[[QX_FOLD128, gnu::always_inline]] inline std::uint32_t FoldLanes(Lanes lanes, Bytes p, Bytes end)
+{
     static constexpr Carry kNext = CarryOver(512);
-    __m128i b = Load(p + 16), c = Load(p + 32), d = Load(p + 48);
-    for (p += 64; end - p >= 64; p += 64) {
+    auto [a, b, c, d] = lanes;
+    for (; end - p >= 64; p += 64) {
         a = _mm_xor_si128(Multiply(a, kNext), Load(p));
         b = _mm_xor_si128(Multiply(b, kNext), Load(p + 16));
         c = _mm_xor_si128(Multiply(c, kNext), Load(p + 32));
@@ -158,6 +203,38 @@ consteval std::uint64_t Reciprocal()
     const __m128i sum = _mm_xor_si128(_mm_xor_si128(Multiply(a, carry[0]), Multiply(b, carry[1])),
                                       Multiply(c, carry[2]));
     return Finish(sum, d, p, end);
+}
+
+[[QX_FOLD128, gnu::always_inline]] inline Lanes BeginLanes(__m128i begin, Bytes p)
+{
+    return {_mm_xor_si128(begin, Load(p)), Load(p + 16), Load(p + 32), Load(p + 48)};
+}
+
+// For kPiecesFrom bytes and more.
+template <int... row>
+[[QX_FOLD128, gnu::noinline]] std::uint32_t FoldPieces(std::uint32_t reg, Bytes p, std::size_t size,
+                                                       std::integer_sequence<int, row...>)
+{
+    const Bytes end = p + size;
+    const __m128i begin = Begin(reg, p, size % 16);
+    p += size % 16;
+    Lanes lanes = BeginLanes(begin, p);
+    for (p += 64; static_cast<std::size_t>(end - p) >= kPieceSize; p += kPieceSize)
+        (FoldRow<kSpreadBlocks + 4 * row>(lanes, p), ...);
+    return FoldLanes(lanes, p, end);
+}
+
+[[QX_FOLD128, gnu::always_inline]] inline std::uint32_t FoldNarrow(std::uint32_t reg, Bytes p,
+                                                                   std::size_t size)
+{
+    if (size < 16)
+        return CrcByTables(reg, p, size);
+    const Bytes end = p + size;
+    const __m128i begin = Begin(reg, p, size % 16);
+    p += size % 16;
+    if (size < 64)
+        return Finish(_mm_setzero_si128(), _mm_xor_si128(begin, Load(p)), p + 16, end);
+    return FoldLanes(BeginLanes(begin, p), p + 64, end);
 }
 
 // Wide registers hold four blocks each. As many lanes as there are registers for.
@@ -262,7 +339,10 @@ bool HasFolding512()
 
 [[QX_FOLD128]] std::uint32_t CrcByFolding128(std::uint32_t reg, const void* bytes, std::size_t size)
 {
-    return FoldNarrow(reg, static_cast<Bytes>(bytes), size);
+    const auto p = static_cast<Bytes>(bytes);
+    if (size < kPiecesFrom)
+        return FoldNarrow(reg, p, size);
+    return FoldPieces(reg, p, size, std::make_integer_sequence<int, kPieceRows>());
 }
 
 [[QX_FOLD512]] std::uint32_t CrcByFolding512(std::uint32_t reg, const void* bytes, std::size_t size)

@@ -6,6 +6,8 @@
 
 #include <cstdint>
 #include <string>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace qx::test {
@@ -34,12 +36,13 @@ inline char PlainEscape(const std::string& s)
 // Links each place to the nearest earlier one with the same two bytes.
 inline std::vector<std::uint32_t> PlainChain(const std::string& s)
 {
-    std::vector<std::uint32_t> head(65536, ~0u), prev(s.size(), ~0u);
+    std::unordered_map<unsigned, std::uint32_t> head;
+    std::vector<std::uint32_t> prev(s.size(), ~0u);
     for (std::uint32_t i = 0; i + 1 < s.size(); ++i) {
         const unsigned key =
             static_cast<unsigned char>(s[i]) * 256u + static_cast<unsigned char>(s[i + 1]);
-        prev[i] = head[key];
-        head[key] = i;
+        const auto [found, isNew] = head.try_emplace(key, i);
+        prev[i] = isNew ? ~0u : std::exchange(found->second, i);
     }
     return prev;
 }
