@@ -31,6 +31,7 @@ TEST_F(IniFunctions, BigStrings)
         std::string expected;
     };
     for (const Case& c : std::initializer_list<Case>{
+             {"S", "k", "d", 10, 1, "v"},
              {"S", "K", "d", 10, 7, "capital"},
              {"s", "spaced", "d", 10, 3, "out"},
              {"S", "quoted", "d", 10, 3, "\"q\""},

@@ -110,11 +110,11 @@ TEST_F(FirstRun, PackagesRunOnceEach)
     }
     for (const char* name : {"c.PKGX", "pkg", "readme.txt", "folder.PKG"})
         EXPECT_FALSE(std::filesystem::exists(m_folder.Path(std::string(name) + ".run"))) << name;
-    const std::string atTheStart = m_folder.Read("A.pkg.ini") + m_folder.Read("b.PKG.ini");
-    EXPECT_THAT(atTheStart, HasSubstr("A.pkg=EXECUTED")) << "marked before it runs";
+    const std::string atFirst = m_folder.Read("A.pkg.ini");
+    EXPECT_THAT(atFirst, HasSubstr("A.pkg=EXECUTED")) << "marked before it runs";
+    EXPECT_THAT(atFirst, testing::Not(HasSubstr("b.PKG")));
     m_folder.Write("later.PKG", "");
     EXPECT_TRUE(Init());
-    EXPECT_THAT(m_folder.Read("b.PKG.ini"), testing::Not(HasSubstr("later.PKG")));
     EXPECT_EQ(m_folder.Read("later.PKG.run"), "0 1;");
     EXPECT_EQ(m_folder.Read("b.PKG.run"), "4660 1;");
 }
