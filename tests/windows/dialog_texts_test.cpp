@@ -121,3 +121,11 @@ TEST_P(DialogTexts, AreTranslatedAndFit)
 INSTANTIATE_TEST_SUITE_P(Languages, DialogTexts,
                          testing::Values(0x0409, 0x0407, 0x040C, 0x040A, 0x0410, 0x0416, 0x0413,
                                          0x041D));
+
+// Texts are measured in the screen's own dots per inch.
+int main(int count, char** arguments)
+{
+    ::SetProcessDPIAware();
+    testing::InitGoogleTest(&count, arguments);
+    return RUN_ALL_TESTS();
+}

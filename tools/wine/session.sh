@@ -4,7 +4,8 @@
 #   tools/wine/session.sh wine program.exe
 # The exit status is the command's.  Several sessions can run side by side.
 # KEEP_SESSION=1 keeps the prefix for a look at it afterwards.  OWN_SCREEN=1 shows the windows on
-# the screen that DISPLAY names instead of an invisible one.
+# the screen that DISPLAY names instead of an invisible one.  DPI=144 gives the screen that many dots
+# per inch (usually 96), for programs that know of them.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 . "$here/common.sh"
@@ -44,6 +45,8 @@ new_prefix() {
         xargs -0 cp -a --remove-destination --parents -t "$WINEPREFIX")
     # Documents and the like lead into the home directory: what programs write stays in the prefix.
     find "$WINEPREFIX/drive_c/users" -type l -exec sh -c 'rm "$1" && mkdir "$1"' sh {} \;
+    [ -z "${DPI:-}" ] || sed -i "/^\[Control Panel..Desktop\] /a \\
+\"LogPixels\"=dword:$(printf %08x "$DPI")" "$WINEPREFIX/user.reg"
 }
 
 start_screen() {
