@@ -49,4 +49,9 @@ if(NOT CMAKE_CROSSCOMPILING AND NOT QX_SANITIZE)
     add_test(NAME check_tidy COMMAND ${_checks}/tidy.sh ${CMAKE_BINARY_DIR})
     set_tests_properties(check_format check_tidy PROPERTIES SKIP_RETURN_CODE 77)
     set_tests_properties(check_tidy PROPERTIES TIMEOUT 1500 PROCESSORS 2 COST 1000)
+elseif(MINGW AND CMAKE_CROSSCOMPILING AND CMAKE_SIZEOF_VOID_P EQUAL 4)
+    add_test(NAME check_tidy
+        COMMAND ${PROJECT_SOURCE_DIR}/tools/checks/tidy.sh ${CMAKE_BINARY_DIR})
+    set_tests_properties(check_tidy PROPERTIES
+        SKIP_RETURN_CODE 77 TIMEOUT 1500 PROCESSORS 2 COST 1000)
 endif()

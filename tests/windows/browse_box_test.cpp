@@ -378,20 +378,3 @@ TEST_F(BrowseBox, SurvivesTheEndOfItsOwner)
     box.Display(*owner);
     EXPECT_EQ(nullptr, owner);
 }
-
-TEST_F(BrowseBox, LeavesNothingBehindWhenItIsOpenedManyTimes)
-{
-    Catalogs box(Folder().c_str(), "*.dat");
-    const auto rounds = [&](int count) {
-        for (int i = 0; i < count; ++i)
-            Show(box, [&](HWND dialog) {
-                ::RedrawWindow(dialog, nullptr, nullptr,
-                               RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-                box.ChangeDirectory(dialog, nullptr);
-            });
-    };
-    rounds(5);
-    const ObjectCounts before = CountObjects();
-    rounds(30);
-    EXPECT_EQ(before, CountObjects());
-}

@@ -214,30 +214,4 @@ TEST(ButtonPanel, TakesAnyDescription)
     }
 }
 
-TEST(ButtonPanel, LeavesNothingBehind)
-{
-    const Pictures pictures;
-    const TestWindow parent("Rounds");
-    const std::string contents[] = {pictures.Three(), Resource("test_pictures.dll", "7"),
-                                    Quick("<icon>9</icon><text>T</text>"),
-                                    Quick("<icon>no extension</icon>")};
-    const auto rounds = [&](int count) {
-        for (int i = 0; i < count; ++i) {
-            XMLDocument document;
-            document.UseData(("<layout>" + Button(0, 0, contents[i % 4]) + "</layout>").c_str(),
-                             -1);
-            const Layout layout(parent, parent, ::GetModuleHandleA(nullptr), &document);
-            const HWND panel = ::GetDlgItem(parent, 5000);
-            ::SendMessageA(panel, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
-            ::UpdateWindow(panel);
-            if (i % 8 < 4)
-                ::DestroyWindow(panel);
-        }
-    };
-    rounds(8);
-    const ObjectCounts before = CountObjects();
-    rounds(200);
-    EXPECT_EQ(before, CountObjects());
-}
-
 }  // namespace

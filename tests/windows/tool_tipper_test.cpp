@@ -150,18 +150,4 @@ TEST(ToolTipper, WindowGoesWithItsOwner)
     tips->DeleteTip(tooltip);
 }
 
-TEST(ToolTipper, LeavesNothingBehind)
-{
-    const auto round = [] {
-        const TestWindow owner("Rounds");
-        ToolTipper tips(owner);
-        tips.AddTip(static_cast<HWND>(owner));
-    };
-    round();
-    const ObjectCounts before = CountObjects();
-    for (int i = 0; i < 1000; ++i)
-        round();
-    EXPECT_EQ(before, CountObjects());
-}
-
 }  // namespace

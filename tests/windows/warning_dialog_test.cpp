@@ -225,16 +225,3 @@ TEST_F(WarningDialog, SurvivesItsEndFromOutside)
     }
     EXPECT_FALSE(::IsWindow(owner));
 }
-
-TEST_F(WarningDialog, LeavesNothingBehindWhenItIsOpenedManyTimes)
-{
-    QXWarningList warnings = ListOf(3);
-    const auto rounds = [&](int count) {
-        for (int i = 0; i < count; ++i)
-            Show(warnings, [](HWND) {});
-    };
-    rounds(3);
-    const ObjectCounts before = CountObjects();
-    rounds(30);
-    EXPECT_EQ(before, CountObjects());
-}

@@ -377,24 +377,3 @@ TEST(WindowLayout, WindowsThatWereDestroyedAreLeftAlone)
     EXPECT_EQ("0 0 150 280", Text(AreaOf(host.first)));
     EXPECT_EQ(host.rest, host.layout->RemoveWindow(host.rest));
 }
-
-TEST(WindowLayout, LeavesNothingBehind)
-{
-    const TestWindow window("Rounds");
-    const HWND child = MakeChild(window, "Static", "", 0, 101);
-    const auto rounds = [&](int count) {
-        for (int i = 0; i < count; ++i) {
-            const HWND host = MakeChild(window, "Static", "", WS_BORDER, 102);
-            auto layout = std::make_unique<WindowLayout>(host);
-            layout->AddWindow(child, 50, kLeft | kPaneSizable | kPaneEdge, nullptr);
-            layout->ReCalcLayout();
-            if (i % 2 == 0)
-                layout.reset();
-            ::DestroyWindow(host);
-        }
-    };
-    rounds(8);
-    const ObjectCounts before = CountObjects();
-    rounds(500);
-    EXPECT_EQ(before, CountObjects());
-}

@@ -400,7 +400,7 @@ static LRESULT Create(HWND window, WPARAM wParam, LPARAM lParam)
     auto owner = std::make_unique<Owner>(std::make_shared<Control>(Control{window, {}}));
     if (!::SetPropA(window, kProperty, owner.get()))
         return FALSE;
-    owner.release();
+    static_cast<void>(owner.release());  // the window holds it from now on
     return ::DefWindowProcA(window, WM_NCCREATE, wParam, lParam);
 }
 

@@ -34,7 +34,7 @@ bool StartThread(void (*run)(void* context) noexcept, void* context)
     const auto thread = _beginthreadex(nullptr, 0, Run, start.get(), 0, nullptr);
     if (thread == 0)
         return false;
-    start.release();
+    static_cast<void>(start.release());  // the thread has it
     ::CloseHandle(reinterpret_cast<HANDLE>(thread));
     return true;
 }

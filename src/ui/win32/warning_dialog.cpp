@@ -66,10 +66,10 @@ int WidestText(HWND list, const std::vector<std::string>& texts)
 
 void FillList(HWND list, const std::vector<std::string>& texts)
 {
-    constexpr WPARAM kUsualLength = 80;
+    constexpr LPARAM kUsualLength = 80;
     ::SendMessageA(list, WM_SETREDRAW, FALSE, 0);
     ::SendMessageA(list, LB_INITSTORAGE, texts.size(),
-                   static_cast<LPARAM>(texts.size() * kUsualLength));
+                   static_cast<LPARAM>(texts.size()) * kUsualLength);
     for (const std::string& text : texts)
         ::SendMessageA(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
     const int margin = 4 * ::GetSystemMetrics(SM_CXEDGE);

@@ -6,9 +6,9 @@
 
 using namespace qx;
 
-static bool IsSizable(const Pane* pane)
+static bool IsSizable(const Pane& pane)
 {
-    return pane && (pane->flags & kPaneSizable);
+    return (pane.flags & kPaneSizable) != 0;
 }
 
 bool WindowLayout::ShowSizingCursor() const
@@ -17,7 +17,7 @@ bool WindowLayout::ShowSizingCursor() const
     ::GetCursorPos(&cursor);
     ::ScreenToClient(m_host, &cursor);
     const Pane* pane = HasSplitter() ? HitTest(cursor) : nullptr;
-    if (!IsSizable(pane))
+    if (!pane || !IsSizable(*pane))
         return false;
     ::SetCursor(::LoadCursorA(nullptr, TakesWidth(pane->flags) ? IDC_SIZEWE : IDC_SIZENS));
     return true;
@@ -27,7 +27,7 @@ void WindowLayout::ButtonDown(POINT point)
 {
     if (!HasSplitter())
         return;
-    if (Pane* pane = HitTest(point); IsSizable(pane))
+    if (Pane* pane = HitTest(point); pane && IsSizable(*pane))
         StartDrag(pane);
     ClientPaint();
 }
