@@ -42,7 +42,7 @@ class RegisteredControl {
     static void Set(DWORD type, const char* path)
     {
         ::RegSetKeyValueA(HKEY_CLASSES_ROOT, kKey, nullptr, type, path,
-                          static_cast<DWORD>(std::strlen(path) + 1));
+                          static_cast<DWORD>(std::strlen(path)) + 1);
     }
 
     static constexpr char kKey[] = "CLSID\\{ADB880A6-D8FF-11CF-9377-00AA003B7A11}\\InprocServer32";
