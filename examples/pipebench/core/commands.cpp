@@ -49,6 +49,7 @@ CommandState StateOf(int command, const Situation& now)
         case IDM_NEW:
         case IDM_OPEN:
         case IDM_SAMPLE:
+        case IDM_PAGE_SETUP:
         case IDM_EXIT:
         case IDM_OPTIONS:
         case IDM_ABOUT:
@@ -61,6 +62,9 @@ CommandState StateOf(int command, const Situation& now)
         case IDM_ADD:
             return EnabledIf(now.lineOpen);
         case IDM_CHECK:
+        case IDM_PRINT:
+        case IDM_SAVE_PDF:
+        case IDM_SEND:
         case IDM_SORT_NAME:
         case IDM_SORT_LENGTH:
         case IDM_SORT_DIAMETER:

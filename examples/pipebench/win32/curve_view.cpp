@@ -17,8 +17,10 @@ namespace {
 
 class CurveDrawing {
   public:
-    CurveDrawing(HDC dc, const RECT& client, const CLanguage& language, DT_UNITS units)
+    CurveDrawing(HDC dc, int dotsPerInch, const RECT& client, const CLanguage& language,
+                 DT_UNITS units)
         : m_dc(dc),
+          m_dotsPerInch(dotsPerInch),
           m_frame{client.left + Scaled(34), client.top + Scaled(24), client.right - Scaled(14),
                   client.bottom - Scaled(38)},
           m_language(language),
@@ -28,6 +30,8 @@ class CurveDrawing {
     void Draw(const CurvePlot& plot) const;
 
   private:
+    // Pixels of the device for pixels at 96 dots per inch.
+    int Scaled(int pixels) const { return ::MulDiv(pixels, m_dotsPerInch, 96); }
     void DrawAxes(const CurvePlot& plot) const;
     void DrawCurve(const CurvePlot& plot, const std::vector<CurvePoint>& points,
                    COLORREF colour) const;
@@ -37,6 +41,7 @@ class CurveDrawing {
     void Text(const RECT& place, const std::string& text, UINT alignment, COLORREF colour) const;
 
     HDC m_dc;
+    int m_dotsPerInch;
     Area m_frame;
     const CLanguage& m_language;
     DT_UNITS m_units;
@@ -44,10 +49,13 @@ class CurveDrawing {
 
 void CurveDrawing::Line(Pixel from, Pixel to, COLORREF colour) const
 {
-    const Selected pen(m_dc, ::GetStockObject(DC_PEN));
-    ::SetDCPenColor(m_dc, colour);
-    ::MoveToEx(m_dc, from.x, from.y, nullptr);
-    ::LineTo(m_dc, to.x, to.y);
+    const HPEN pen = ::CreatePen(PS_SOLID, Scaled(1) / 2, colour);  // 0: one pixel
+    {
+        const Selected selected(m_dc, pen);
+        ::MoveToEx(m_dc, from.x, from.y, nullptr);
+        ::LineTo(m_dc, to.x, to.y);
+    }
+    ::DeleteObject(pen);
 }
 
 void CurveDrawing::Text(const RECT& place, const std::string& text, UINT alignment,
@@ -148,7 +156,15 @@ void DrawCurves(const DRAWITEMSTRUCT& item, const CLanguage& language, DT_UNITS 
     ::FillRect(item.hDC, &item.rcItem, ::GetSysColorBrush(COLOR_WINDOW));
     ::FrameRect(item.hDC, &item.rcItem, ::GetSysColorBrush(COLOR_3DSHADOW));
     if (plot)
-        CurveDrawing(item.hDC, item.rcItem, language, units).Draw(*plot);
+        DrawCurves(item.hDC, item.rcItem, ::GetDeviceCaps(item.hDC, LOGPIXELSY), language, units,
+                   *plot);
+}
+
+void DrawCurves(HDC dc, const RECT& area, int dotsPerInch, const CLanguage& language,
+                DT_UNITS units, const CurvePlot& plot)
+{
+    ::SetBkMode(dc, TRANSPARENT);
+    CurveDrawing(dc, dotsPerInch, area, language, units).Draw(plot);
 }
 
 }  // namespace pipebench

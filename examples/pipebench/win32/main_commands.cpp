@@ -23,6 +23,8 @@ const MainWindow::Command* MainWindow::FindCommand(int command)
         {IDM_OPEN, IDM_OPEN, &MainWindow::OpenLine},
         {IDM_SAVE, IDM_SAVE, &MainWindow::SaveLine},
         {IDM_SAVE_AS, IDM_SAVE_AS, &MainWindow::SaveLineAs},
+        {IDM_PAGE_SETUP, IDM_SAVE_PDF, &MainWindow::PrintReport},
+        {IDM_SEND, IDM_SEND, &MainWindow::PrintReport},
         {IDM_START_PAGE, IDM_START_PAGE, &MainWindow::CloseLine},
         {IDM_EXIT, IDM_EXIT, &MainWindow::Exit},
         {IDM_DUPLICATE, IDM_DUPLICATE, &MainWindow::DuplicateSelected},

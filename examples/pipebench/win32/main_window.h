@@ -4,6 +4,7 @@
 #include "core/commands.h"
 #include "core/line.h"
 #include "core/localisation.h"
+#include "win32/report_print.h"
 #include "win32/start_page.h"
 #include "win32/workspace.h"
 
@@ -56,6 +57,7 @@ class MainWindow : public ObjectWindow {
     void CloseLine(int);
     void CheckLine(int);
     void Exit(int);
+    void PrintReport(int command);  // report_commands.cpp
     void AddPipe(int);
     void EditSelected(int);
     void DuplicateSelected(int);
@@ -82,6 +84,7 @@ class MainWindow : public ObjectWindow {
     Workspace m_workspace;
     std::optional<Line> m_line;  // without one the start page is shown
     Settings m_settings;
+    ReportPrinter m_printer;
 };
 
 }  // namespace pipebench

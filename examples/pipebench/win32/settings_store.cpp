@@ -53,6 +53,16 @@ void SaveDirectories(HWND owner, const Localisation& localisation, const Directo
     ReadDirectories();  // the library remembers the old ones otherwise
 }
 
+bool ProposeMargins(const char* kind, const char* margins)
+{
+    static constexpr char kSection[] = "KVL PRINT";  // where the library keeps them
+    const std::string key = std::string("Margins-") + kind, path = IniPath();
+    std::array<char, 8> first{};
+    return ::GetPrivateProfileStringA(kSection, key.c_str(), "", first.data(), first.size(),
+                                      path.c_str()) != 0 ||
+           ::WritePrivateProfileStringA(kSection, key.c_str(), margins, path.c_str());
+}
+
 DirectoryPaths ReadDirectories()
 {
     DirectoryPaths paths;

@@ -37,4 +37,8 @@ void SaveDirectories(HWND owner, const Localisation& localisation, const Directo
 
 DirectoryPaths ReadDirectories();
 
+// The margins of a kind of report, "left,right,top,bottom" in thousandths of an inch, for when the
+// user has not set any. False when they cannot be kept.
+bool ProposeMargins(const char* kind, const char* margins);
+
 }  // namespace pipebench

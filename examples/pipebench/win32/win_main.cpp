@@ -6,6 +6,7 @@
 #include "ids.h"
 #include "win32/files.h"
 #include "win32/main_window.h"
+#include "win32/report_print.h"
 
 #include <windows.h>
 #include <commctrl.h>
@@ -36,6 +37,18 @@ static int RunOnConsole(const Localisation& localisation)
     return 0;
 }
 
+static int PrintReport(const Localisation& localisation, const Options& options)
+{
+    std::string name = Wording(localisation.Language(), "Sample line");
+    std::erase(name, '&');
+    const Line sample{.pipes = SamplePipes(), .path = name};
+    const auto subject = SubjectOf(localisation, sample, Settings());
+    const bool printed = ReportPrinter().PrintSilently(
+        localisation, subject,
+        {options.landscape, static_cast<short>(options.copies), options.pdf});
+    return printed ? 0 : 1;
+}
+
 int WINAPI WinMain(HINSTANCE module, HINSTANCE, LPSTR, int show)
 {
     const Options options = ReadOptions({__argv + 1, __argv + __argc});
@@ -48,6 +61,10 @@ int WINAPI WinMain(HINSTANCE module, HINSTANCE, LPSTR, int show)
     if (options.console) {
         localisation.Use(options.lcid.value_or(kEnglish));
         return RunOnConsole(localisation);
+    }
+    if (options.print) {
+        localisation.Use(options.lcid.value_or(kEnglish));
+        return PrintReport(localisation, options);
     }
     ::InitCommonControls();
     return MainWindow(localisation, options.lcid).Run(show);

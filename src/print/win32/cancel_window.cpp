@@ -45,22 +45,34 @@ void Start(HWND window, const char* documentName)
     ::SetDlgItemTextA(window, kDocumentName, documentName);  // a name is not translated
 }
 
+void EnableOwner()
+{
+    if (state.disabled)
+        ::EnableWindow(state.disabled, TRUE);
+    state.disabled = nullptr;
+}
+
+// The owner first: the system activates it then, and not another program's window.
+void Close()
+{
+    EnableOwner();
+    System().DestroyWindow(state.window);
+}
+
 // When nobody closed the window its owner was destroyed, and so was the job's.
 void End()
 {
     state.cancelled = state.cancelled || state.opened > 0;
     state.opened = 0;
     state.window = nullptr;
-    if (state.disabled)
-        ::EnableWindow(state.disabled, TRUE);
-    state.disabled = nullptr;
+    EnableOwner();
 }
 
 void Cancel()
 {
     state.cancelled = true;
     if (state.window)
-        System().DestroyWindow(state.window);
+        Close();
 }
 
 BOOL OnCommand(int command)
@@ -105,7 +117,7 @@ bool OpenCancelWindow(HWND owner, const char* documentName)
 void CloseCancelWindow()
 {
     if (state.opened > 0 && --state.opened == 0)
-        System().DestroyWindow(state.window);
+        Close();
 }
 
 bool IsCancelled()

@@ -271,6 +271,7 @@ TEST_F(PrintJob, CancelWindowIsOneAndCounted)
     win32::CloseCancelWindow();
     EXPECT_FALSE(::IsWindow(window));
     EXPECT_TRUE(::IsWindowEnabled(owner));
+    EXPECT_EQ(owner, ::GetActiveWindow()) << "the user goes on there";
 }
 
 TEST_F(PrintJob, TakesMarginsInTheUsersUnits)
