@@ -67,6 +67,20 @@ TEST_F(ToolStrip, FollowsTheStripsWidth)
     EXPECT_EQ(190, area.right - area.left);
 }
 
+TEST_F(ToolStrip, LayoutEndsWhateverTheHostMakesOfIt)
+{
+    LoadedHost host;
+    host.told.clear();
+    host.whenTold = [&, size = 0](UINT message) mutable {
+        size = 1 - size;
+        if (message == WM_NOTIFY)
+            host.master->SizeRebarWindow(200 + size, size ? 22 : 90);
+    };
+    ::SendMessageA(host.strip, UM_RELAYOUT, 0, 0);
+    PumpWaiting();
+    EXPECT_GT(1000, host.Count("autosize"));
+}
+
 TEST_F(ToolStrip, PaintsGripsAndFrames)
 {
     LoadedHost host;
@@ -106,6 +120,18 @@ TEST_F(ToolStrip, ButtonsFollowTheHostsAnswers)
     host.master->UpdateButtonStates();
     EXPECT_EQ("4 | 8 4 ", States(host.Toolbar(kFile))) << "the second separator is removed";
     EXPECT_EQ("8 3 67 27; ", host.Places());
+}
+
+TEST_F(ToolStrip, NumbersOfAFileMayBeAnything)
+{
+    user.Write(
+        "<a ID=\"-7\" X=\"99999999\" Y=\"-1\"><b><iBitmap>99999</iBitmap>"
+        "<idCommand>0x7fffffff</idCommand></b><b><iBitmap>-1</iBitmap>"
+        "<idCommand>-5</idCommand></b></a>");
+    LoadedHost host;
+    host.master->UpdateButtonStates();
+    EXPECT_EQ("4 4 ", States(host.Toolbar(-7)));
+    ::UpdateWindow(host.Toolbar(-7));
 }
 
 TEST_F(ToolStrip, ComesBackAsItWasSaved)

@@ -15,14 +15,18 @@ static constexpr int kPictureSize = 18;
 
 // ---- Buttons of a toolbar
 
+// The number of a button's string is its command; the control would take a larger one for a
+// pointer.
 TBBUTTON ToControl(const ToolbarButton& button)
 {
+    constexpr INT_PTR kNoString = -1;
+    const bool isNumber = button.command >= 0 && button.command <= 0xFFFF;
     TBBUTTON control{};
     control.iBitmap = button.image;
     control.idCommand = button.command;
     control.fsState = button.state;
     control.fsStyle = button.style;
-    control.iString = button.command;
+    control.iString = isNumber ? button.command : kNoString;
     return control;
 }
 
