@@ -167,6 +167,8 @@ template <int block>
 struct Lanes {
     __m128i a, b, c, d;
 };
+constexpr Carry kNextRow = CarryOver(512);
+constexpr Carry kOverSpread = CarryOver(512 + 128 * kSpreadBlocks);
 
 // A lane at a block of a piece, to which others are spread.
 template <int block, std::size_t... i>
@@ -180,24 +182,23 @@ template <int block, std::size_t... i>
 template <int block>
 [[QX_FOLD128, gnu::always_inline]] inline void FoldRow(Lanes& lanes, Bytes piece)
 {
-    static constexpr Carry kNext = CarryOver(block == kSpreadBlocks ? 128 * (block + 4) : 512);
+    constexpr const Carry& carry = block == kSpreadBlocks ? kOverSpread : kNextRow;
     constexpr auto kEach = std::make_index_sequence<kSpread.size()>();
-    lanes.a = FoldSpread<block>(lanes.a, kNext, piece, kEach);
-    lanes.b = FoldSpread<block + 1>(lanes.b, kNext, piece, kEach);
-    lanes.c = FoldSpread<block + 2>(lanes.c, kNext, piece, kEach);
-    lanes.d = FoldSpread<block + 3>(lanes.d, kNext, piece, kEach);
+    lanes.a = FoldSpread<block>(lanes.a, carry, piece, kEach);
+    lanes.b = FoldSpread<block + 1>(lanes.b, carry, piece, kEach);
+    lanes.c = FoldSpread<block + 2>(lanes.c, carry, piece, kEach);
+    lanes.d = FoldSpread<block + 3>(lanes.d, carry, piece, kEach);
 }
 
 // The register at `end`, for lanes that hold what stands before p.
 [[QX_FOLD128, gnu::always_inline]] inline std::uint32_t FoldLanes(Lanes lanes, Bytes p, Bytes end)
 {
-    static constexpr Carry kNext = CarryOver(512);
     auto [a, b, c, d] = lanes;
     for (; end - p >= 64; p += 64) {
-        a = _mm_xor_si128(Multiply(a, kNext), Load(p));
-        b = _mm_xor_si128(Multiply(b, kNext), Load(p + 16));
-        c = _mm_xor_si128(Multiply(c, kNext), Load(p + 32));
-        d = _mm_xor_si128(Multiply(d, kNext), Load(p + 48));
+        a = _mm_xor_si128(Multiply(a, kNextRow), Load(p));
+        b = _mm_xor_si128(Multiply(b, kNextRow), Load(p + 16));
+        c = _mm_xor_si128(Multiply(c, kNextRow), Load(p + 32));
+        d = _mm_xor_si128(Multiply(d, kNextRow), Load(p + 48));
     }
     const Carry* carry = LastCarries(static_cast<std::size_t>(end - p) / 16 + 4);
     const __m128i sum = _mm_xor_si128(_mm_xor_si128(Multiply(a, carry[0]), Multiply(b, carry[1])),
