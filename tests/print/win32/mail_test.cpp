@@ -98,18 +98,6 @@ TEST_F(Mail, LeavesTheCurrentFolder)
     std::filesystem::current_path(MailClient::ProgramFolder());
 }
 
-TEST_F(Mail, FaultIsShownAsText)
-{
-    AttachProcess(::GetModuleHandleA(nullptr));
-    MessageBoxDouble boxes({IDOK});
-    ShowMailFault(kOwner, "Can't send: %l");
-    ASSERT_EQ(1u, boxes.shown.size());
-    EXPECT_EQ(MB_ICONSTOP, boxes.shown[0].style);
-    EXPECT_EQ("E-mail Report", boxes.shown[0].caption);
-    EXPECT_NE(std::string::npos, boxes.shown[0].text.find("Cause: Can't send: %l"));
-    DetachProcess();
-}
-
 // ---- Reports
 
 struct MailedReport : Mail {
@@ -154,6 +142,8 @@ TEST_F(MailedReport, IsWaitedForWhileItIsWritten)
 
 TEST_F(MailedReport, IsKeptWhenNobodySendsIt)
 {
+    client.SetDefault("Client of a test");
+    client.SetResult("2");
     documents.Write("A_B.pdf", "another report");
     MessageBoxDouble boxes({IDOK, IDYES});
     MailReport(kOwner, pdf, "A/B.PDF");
@@ -162,7 +152,9 @@ TEST_F(MailedReport, IsKeptWhenNobodySendsIt)
     EXPECT_FALSE(std::filesystem::exists(pdf));
     EXPECT_EQ("explorer.exe|/select,\"" + documents.Path("A_B (2).pdf") + '"',
               desktop.opened.at(0));
-    EXPECT_NE(std::string::npos, boxes.shown.at(0).text.find("Cause: No Client"));
+    EXPECT_EQ("E-mail Report", boxes.shown.at(0).caption);
+    EXPECT_EQ(MB_ICONSTOP, boxes.shown.at(0).style);
+    EXPECT_NE(std::string::npos, boxes.shown.at(0).text.find("Cause: Can't send: %l"));
     EXPECT_NE(std::string::npos, boxes.shown.at(1).text.find("as A_B.pdf in your documents"));
 }
 

@@ -146,6 +146,21 @@ TEST_F(PdfPrinter, TellsWhereAReportIsMailedFrom)
     EXPECT_EQ(1U, TemporaryFiles());
 }
 
+TEST_F(PdfPrinter, IsNotNeededForAMessage)
+{
+    PrintSystemDouble system;
+    QXPrint print;
+    const auto send = [&](const char* text) {
+        return print.EmailMessage(nullptr, nullptr, nullptr, text, text, text, text);
+    };
+    EXPECT_EQ(1, send(nullptr));
+    EXPECT_EQ(1, send("smtp:me"));
+    EXPECT_EQ("9 (null) | (null)\n9 smtp:me | smtp:me | 1: smtp:me smtp:me\n", client.Messages());
+    client.SetDefault("");
+    boxes.answers = {IDOK};
+    EXPECT_EQ(0, send("me"));
+}
+
 // Prints with the n-th call failing, and then on paper; false when there is no n-th call.
 bool PrintWithFailure(const char* printer, bool mail, int failAt)
 {
