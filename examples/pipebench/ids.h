@@ -77,6 +77,12 @@
 #define IDC_DIRECTORIES 360
 #define IDC_DIRECTORY_BUTTONS 370
 
+// Pages of the help; see help/pages.toml
+#define IDH_FILES 2
+#define IDH_CHECKS 3
+#define IDH_OPTIONS 4
+#define IDH_FOLDERS 5
+
 // Strings of the language table
 #define IDS_PROGRAM 1
 #define IDS_ABOUT 2

@@ -33,6 +33,7 @@ class Localisation {
     std::vector<LanguageChoice> Choices() const;
 
     const CLanguage& Language() const { return m_language; }
+    CLanguage& Language() { return m_language; }
     HINSTANCE Module() const { return m_module; }
     std::string String(unsigned id) const { return m_language.String(m_module, id); }
 

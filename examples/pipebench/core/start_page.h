@@ -15,11 +15,12 @@ struct StartButton {
     int icon;  // of the program's resources
     const char* wording;
 };
-inline constexpr std::array<StartButton, 4> kStartButtons = {{
+inline constexpr std::array<StartButton, 5> kStartButtons = {{
     {IDM_NEW, IDI_NEW, "Begin a new line"},
     {IDM_OPEN, IDI_OPEN, "Open a line"},
     {IDM_SAMPLE, IDI_SAMPLE, "Show the sample line"},
     {IDM_OPTIONS, IDI_OPTIONS, "Change the options"},
+    {IDM_HELP, IDI_HELP, "Read the help"},
 }};
 
 // The description of the panel that the library's Layout shows: the buttons one below the other, in

@@ -6,6 +6,8 @@
 #include "core/settings.h"
 #include "win32/settings_store.h"
 
+#include <qxutility/config/help.h>
+
 #include <windows.h>
 
 #include <optional>
@@ -17,7 +19,7 @@ std::optional<Pipe> EditPipe(HWND owner, const Localisation& localisation, DT_UN
                              const Pipe& pipe, const std::vector<Pipe>& others);
 
 // The page "pipe flow at a glance" for a pipe; what was entered last is in `settings` afterwards.
-void ShowPipeFlow(HWND owner, const Localisation& localisation, const Pipe& pipe,
+void ShowPipeFlow(HWND owner, const Localisation& localisation, HTML_HELP& help, const Pipe& pipe,
                   Settings& settings);
 
 struct ProgramOptions {
@@ -25,7 +27,9 @@ struct ProgramOptions {
     Settings settings;
     DirectoryPaths directories;
 };
-// Edits the options; false, and nothing is changed, when the user cancels.
-bool EditOptions(HWND owner, const Localisation& localisation, ProgramOptions& options);
+// Edits the options; false, and nothing is changed, when the user cancels. `help` is for the Help
+// buttons.
+bool EditOptions(HWND owner, const Localisation& localisation, HTML_HELP& help,
+                 ProgramOptions& options);
 
 }  // namespace pipebench

@@ -4,6 +4,7 @@
 #include "core/texts.h"
 #include "ids.h"
 #include "win32/files.h"
+#include "win32/help.h"
 
 #include <qxutility/config/startup.h>
 #include <qxutility/ui/browse_box.h>
@@ -25,20 +26,24 @@ using Describe = std::optional<std::string> (*)(const Localisation&, const Setti
 class FileBox : public CBrowseBox {
   public:
     FileBox(const std::string& folder, const char* pattern, const Localisation& localisation,
-            const Settings& settings, Describe describe)
+            HTML_HELP& help, const Settings& settings, Describe describe)
         : CBrowseBox(folder.c_str(), pattern),
           m_localisation(localisation),
+          m_help(help),
           m_settings(settings),
           m_describe(describe)
     {
+        AddHelpButton();
     }
 
     bool ApproveFile(const char* path, char* description) override;
     bool GetDate(const char* path, char* text) override;
+    void Help() override { m_help.Open(kDialogHelp, IDH_FILES); }
     std::optional<std::string> Run(HWND owner, const char* caption, const char* aboveFolder);
 
   private:
     const Localisation& m_localisation;
+    HTML_HELP& m_help;
     const Settings& m_settings;
     Describe m_describe;
 };
@@ -78,17 +83,19 @@ std::optional<std::string> FileBox::Run(HWND owner, const char* caption, const c
 
 }  // namespace
 
-std::optional<std::string> ChooseLine(HWND owner, const Localisation& localisation,
+std::optional<std::string> ChooseLine(HWND owner, const Localisation& localisation, HTML_HELP& help,
                                       const Settings& settings)
 {
-    FileBox box(WorkDirectoryOf(DIR_PROJECTS), kLineFiles, localisation, settings, LineDescription);
+    FileBox box(WorkDirectoryOf(DIR_PROJECTS), kLineFiles, localisation, help, settings,
+                LineDescription);
     return box.Run(owner, "Open a line", "Lines in this folder");
 }
 
 std::optional<std::string> ChooseCurve(HWND owner, const Localisation& localisation,
-                                       const Settings& settings)
+                                       HTML_HELP& help, const Settings& settings)
 {
-    FileBox box(WorkDirectoryOf(DIR_CURVES), kCurveFiles, localisation, settings, CurveDescription);
+    FileBox box(WorkDirectoryOf(DIR_CURVES), kCurveFiles, localisation, help, settings,
+                CurveDescription);
     return box.Run(owner, "Choose a pump curve", "Pump curves in this folder");
 }
 

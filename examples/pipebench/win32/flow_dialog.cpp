@@ -16,8 +16,10 @@ namespace {
 
 class FlowDialog : public ModalDialog {
   public:
-    FlowDialog(const Localisation& localisation, const Pipe& pipe, Settings& settings)
+    FlowDialog(const Localisation& localisation, HTML_HELP& help, const Pipe& pipe,
+               Settings& settings)
         : ModalDialog(localisation),
+          m_help(help),
           m_settings(settings),
           m_case(ProposeFlow(settings.flow, pipe)),
           m_units(settings.units)
@@ -40,6 +42,7 @@ class FlowDialog : public ModalDialog {
     void ShowResults();
     void ClearResults();
 
+    HTML_HELP& m_help;
     Settings& m_settings;
     FlowCase m_case;  // what the fields show, but for what was typed since
     DT_UNITS m_units;
@@ -97,7 +100,7 @@ void FlowDialog::OnBrowse()
 {
     Settings shown = m_settings;
     shown.units = m_units;
-    if (const auto file = ChooseCurve(Window(), Local(), shown))
+    if (const auto file = ChooseCurve(Window(), Local(), m_help, shown))
         SetItemText(Window(), IDC_CURVE_FILE, *file);
 }
 
@@ -191,10 +194,10 @@ void FlowDialog::ClearResults()
 
 }  // namespace
 
-void ShowPipeFlow(HWND owner, const Localisation& localisation, const Pipe& pipe,
+void ShowPipeFlow(HWND owner, const Localisation& localisation, HTML_HELP& help, const Pipe& pipe,
                   Settings& settings)
 {
-    FlowDialog(localisation, pipe, settings).Run(owner, IDD_FLOW);
+    FlowDialog(localisation, help, pipe, settings).Run(owner, IDD_FLOW);
 }
 
 }  // namespace pipebench

@@ -44,7 +44,7 @@ void MainWindow::OpenLine(int)
 {
     if (!MayLeave())
         return;
-    const auto path = ChooseLine(Window(), m_localisation, m_settings);
+    const auto path = ChooseLine(Window(), m_localisation, m_help, m_settings);
     if (!path)
         return;
     auto read = ReadLine(*path);
@@ -99,7 +99,7 @@ void MainWindow::CheckLine(int)
                       m_localisation.String(IDS_PROGRAM).c_str(), MB_OK | MB_ICONINFORMATION);
         return;
     }
-    QXWarningList warnings(m_localisation.Module(), IDS_CHECKED, 0, nullptr,
+    QXWarningList warnings(m_localisation.Module(), IDS_CHECKED, IDH_CHECKS, &m_help,
                            WorkDirectoryOf(DIR_PROJECTS).c_str());
     for (const Fault& warning : found)
         warnings.add(warning.stringId, warning.text.c_str(), nullptr);

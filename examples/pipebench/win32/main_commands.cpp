@@ -2,6 +2,7 @@
 #include "core/texts.h"
 #include "ids.h"
 #include "win32/dialogs.h"
+#include "win32/help.h"
 #include "win32/main_window.h"
 #include "win32/settings_store.h"
 
@@ -38,6 +39,7 @@ const MainWindow::Command* MainWindow::FindCommand(int command)
         {IDM_SKETCH, IDM_STATUS_BAR, &MainWindow::TogglePart},
         {IDM_TREE, IDM_TREE, &MainWindow::TogglePart},
         {IDM_OPTIONS, IDM_OPTIONS, &MainWindow::ChangeOptions},
+        {IDM_HELP, IDM_HELP, &MainWindow::ShowHelp},
         {IDM_ABOUT, IDM_ABOUT, &MainWindow::ShowAbout},
         {IDM_LANGUAGE_FIRST, IDM_LANGUAGE_LAST, &MainWindow::UseLanguage},
     };
@@ -127,7 +129,8 @@ void MainWindow::DeleteSelected(int)
 
 void MainWindow::ShowFlowOfSelected(int)
 {
-    ShowPipeFlow(Window(), m_localisation, m_line->pipes[*m_workspace.Selected()], m_settings);
+    ShowPipeFlow(Window(), m_localisation, m_help, m_line->pipes[*m_workspace.Selected()],
+                 m_settings);
     Save(Window(), m_localisation, m_settings);
     ShowLine();  // flow and units may be others now
 }
@@ -173,12 +176,17 @@ void MainWindow::ChangeOptions(int)
 {
     ProgramOptions options = {m_localisation.Language().GetLanguage(), m_settings,
                               ReadDirectories()};
-    if (!EditOptions(Window(), m_localisation, options))
+    if (!EditOptions(Window(), m_localisation, m_help, options))
         return;
     m_settings = options.settings;
     Save(Window(), m_localisation, m_settings);
     SaveDirectories(Window(), m_localisation, options.directories);
     Speak(options.lcid);
+}
+
+void MainWindow::ShowHelp(int)
+{
+    m_help.Contents(kManual);
 }
 
 void MainWindow::ShowAbout(int)

@@ -4,6 +4,7 @@
 #include "core/texts.h"
 #include "ids.h"
 #include "win32/gdi.h"
+#include "win32/help.h"
 #include "win32/main_menu.h"
 #include "win32/settings_store.h"
 
@@ -70,6 +71,7 @@ void MainWindow::OnCreate()
     m_settings = Start(Window(), m_localisation);
     if (m_lcid)
         m_localisation.Use(*m_lcid);
+    RegisterHelp(m_help, m_localisation, Window());
     m_startPage.Create(Window());
     m_workspace.Create(Window(), [this] { OnSelection(); });
     m_statusBar =

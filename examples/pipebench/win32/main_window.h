@@ -8,6 +8,8 @@
 #include "win32/start_page.h"
 #include "win32/workspace.h"
 
+#include <qxutility/config/help.h>
+
 #include <windows.h>
 
 #include <optional>
@@ -68,6 +70,7 @@ class MainWindow : public ObjectWindow {
     void TogglePart(int command);
     void UseLanguage(int command);
     void ChangeOptions(int);
+    void ShowHelp(int);
     void ShowAbout(int);
 
     void Open(std::optional<Line> line);
@@ -79,6 +82,7 @@ class MainWindow : public ObjectWindow {
 
     Localisation& m_localisation;
     std::optional<DWORD> m_lcid;
+    HTML_HELP m_help;
     HWND m_statusBar = nullptr;
     StartPage m_startPage;
     Workspace m_workspace;

@@ -4,6 +4,7 @@
 #include "win32/dialog_items.h"
 #include "win32/dialogs.h"
 #include "win32/files.h"
+#include "win32/help.h"
 #include "win32/options_page.h"
 
 #include <qxutility/ui/browse_box.h>
@@ -138,13 +139,15 @@ int CALLBACK OnSheet(HWND sheet, UINT message, LPARAM param)
 
 }  // namespace
 
-bool EditOptions(HWND owner, const Localisation& localisation, ProgramOptions& options)
+bool EditOptions(HWND owner, const Localisation& localisation, HTML_HELP& help,
+                 ProgramOptions& options)
 {
     ProgramOptions edited = options;
     GeneralPage general(localisation, edited);
     FoldersPage folders(localisation, edited.directories);
     const std::string caption = Wording(localisation.Language(), "Program options");
-    HPROPSHEETPAGE pages[] = {general.Handle([] {}), folders.Handle([] {})};
+    HPROPSHEETPAGE pages[] = {general.Handle([&help] { help.Open(kDialogHelp, IDH_OPTIONS); }),
+                              folders.Handle([&help] { help.Open(kDialogHelp, IDH_FOLDERS); })};
     PROPSHEETHEADERA sheet{};
     sheet.dwSize = sizeof sheet;
     sheet.dwFlags = PSH_NOAPPLYNOW | PSH_USECALLBACK;
