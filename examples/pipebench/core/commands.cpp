@@ -39,6 +39,25 @@ bool IsChoice(int command)
     return IsLanguage(command) || IsDecimals(command);
 }
 
+bool OpensDialog(int command)
+{
+    switch (command) {
+        case IDM_OPEN:
+        case IDM_SAVE_AS:
+        case IDM_PAGE_SETUP:
+        case IDM_SAVE_PDF:
+        case IDM_SEND:
+        case IDM_ADD:
+        case IDM_EDIT:
+        case IDM_FLOW:
+        case IDM_OPTIONS:
+        case IDM_ABOUT:
+            return true;
+        default:
+            return false;
+    }
+}
+
 CommandState StateOf(int command, const Situation& now)
 {
     if (IsLanguage(command))

@@ -25,5 +25,7 @@ struct Situation {
 CommandState StateOf(int command, const Situation& situation);
 // Whether the command is one choice of several, of which one is always checked.
 bool IsChoice(int command);
+// Whether the command first asks for something in a dialog: its menu item ends in "...".
+bool OpensDialog(int command);
 
 }  // namespace pipebench

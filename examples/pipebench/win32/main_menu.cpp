@@ -2,6 +2,10 @@
 
 #include "ids.h"
 
+#include <algorithm>
+#include <array>
+#include <string>
+
 namespace pipebench {
 
 // The submenu that holds a command as one of its own items; null when none does.
@@ -28,10 +32,31 @@ static void AddLanguages(HMENU menu, const Localisation& localisation)
     }
 }
 
+// Added after the translation: once an item has "..." the library gives it to all that follow.
+static void AddEllipses(HMENU menu)
+{
+    for (int i = 0; i < ::GetMenuItemCount(menu); ++i) {
+        if (const HMENU submenu = ::GetSubMenu(menu, i))
+            AddEllipses(submenu);
+        if (!OpensDialog(static_cast<int>(::GetMenuItemID(menu, i))))
+            continue;
+        std::array<char, 300> text{};
+        ::GetMenuStringA(menu, static_cast<UINT>(i), text.data(), text.size(), MF_BYPOSITION);
+        std::string label = text.data();
+        label.insert(std::min(label.find('\t'), label.size()), "...");
+        MENUITEMINFOA item{};
+        item.cbSize = sizeof item;
+        item.fMask = MIIM_STRING;
+        item.dwTypeData = label.data();
+        ::SetMenuItemInfoA(menu, static_cast<UINT>(i), TRUE, &item);
+    }
+}
+
 HMENU LoadTranslatedMenu(const Localisation& localisation)
 {
     const HMENU menu = ::LoadMenuA(localisation.Module(), MAKEINTRESOURCEA(IDR_MAIN_MENU));
     localisation.Language().Menu(menu, 0);
+    AddEllipses(menu);
     AddLanguages(menu, localisation);
     return menu;
 }
