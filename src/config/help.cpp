@@ -148,7 +148,7 @@ void HTML_HELP::AddType(const char* name, HINSTANCE module, int stringId, const 
 HWND HTML_HELP::Open(const char* type, unsigned contextId)
 {
     static constexpr char kAction[] = "Opening a context page";
-    const HELPTYPES* const found = FindType(type);
+    const std::optional<HELPTYPES> found = FindType(type);
     if (!found)
         return CheckErrors(nullptr, kAction);
     const std::string target = found->GetFile() + ">" + found->GetWindow();
@@ -159,7 +159,7 @@ HWND HTML_HELP::Open(const char* type, unsigned contextId)
 HWND HTML_HELP::Search(const char* type, const char* query)
 {
     static constexpr char kAction[] = "Searching the file";
-    const HELPTYPES* const found = FindType(type);
+    const std::optional<HELPTYPES> found = FindType(type);
     if (!found)
         return CheckErrors(nullptr, kAction);
     const std::string file = found->GetFile(), text = TextOf(query);
@@ -170,7 +170,7 @@ HWND HTML_HELP::Search(const char* type, const char* query)
 
 HWND HTML_HELP::Contents(const char* type)
 {
-    const HELPTYPES* const found = FindType(type);
+    const std::optional<HELPTYPES> found = FindType(type);
     const std::string file = found ? found->GetFile() : std::string();
     if (file.empty())
         return nullptr;
@@ -181,13 +181,14 @@ HWND HTML_HELP::Contents(const char* type)
 }
 
 // The first type stands in for one that is not registered: its file is the application's main one.
-const HelpType* HTML_HELP::FindType(const char* name) const
+// A copy, as the application's finder may register others while it is asked.
+std::optional<HelpType> HTML_HELP::FindType(const char* name) const
 {
     const auto found = std::find_if(m_types.begin(), m_types.end(),
                                     [=](const HELPTYPES& type) { return type.compare(name); });
     if (found != m_types.end())
-        return &*found;
-    return m_types.empty() ? nullptr : &m_types.front();
+        return *found;
+    return m_types.empty() ? std::nullopt : std::optional(m_types.front());
 }
 
 void HTML_HELP::UseType(const char* name)

@@ -88,33 +88,35 @@ TEST_F(Help, TakesTheFileOfTheLanguageThenTheEnglishOneThenTheRegisteredOne)
     EXPECT_EQ("", LocalizedHelpFileFinder(finder).HelpFileFinder::Find(""));
 }
 
-TEST_F(Help, CopiesFindersWithTheirType)
-{
-    struct Fixed : HelpFileFinder {
-        std::string Find(std::string name) const override { return name + "!"; }
-        HelpFileFinder* Clone() const override { return new Fixed(*this); }
-    };
-    HTML_HELP help;
+// A finder that says what it was asked for, and meanwhile registers types.
+struct Registering : HelpFileFinder {
+    explicit Registering(HTML_HELP* types) : help(types) {}
+    std::string Find(std::string name) const override
     {
-        const Fixed finder;
-        help.AddType("Main", "manual", &finder, "w");
+        for (int i = 0; help && i < 100; ++i)
+            help->AddType(i < 99 ? std::to_string(i).c_str() : "Main", "later", "later");
+        return name + "!";
     }
-    HTML_HELP copy(help), assigned;
-    assigned = copy;
-    help.AddType("Main", "other", "w");
-    for (HTML_HELP* const object : {&copy, &assigned}) {
+    HelpFileFinder* Clone() const override { return new Registering(*this); }
+    HTML_HELP* help;
+};
+
+TEST_F(Help, FindersAreCopiedAndMayRegisterTypes)
+{
+    HTML_HELP help, assigned;
+    help.AddType("Main", "manual", std::make_unique<Registering>(nullptr).get(), "w");
+    assigned = HTML_HELP(help);
+    help.AddType("Main", "first", std::make_unique<Registering>(&help).get(), "w");
+    for (HTML_HELP* const object : {&assigned, &help, &help})
         object->Open("Main", 1);
-        EXPECT_THAT(Sent(), ElementsAre("context 1 /app/Manual.CHM!>w"));
-    }
-    help.Open("Main", 1);
-    EXPECT_THAT(Sent(), ElementsAre("context 1 other>w"));
+    EXPECT_THAT(Sent(), ElementsAre("context 1 /app/Manual.CHM!>w", "context 1 first!>w",
+                                    "context 1 later>later"));
 }
 
-TEST_F(Help, LooksForFilesOnTheSearchPath)
+TEST_F(Help, TypesKnowTheirNameAndFile)
 {
     HTML_HELP::HELPTYPES type;
     EXPECT_TRUE(type.empty());
-    EXPECT_FALSE(type.compare(""));
     EXPECT_EQ("", type.GetFile());
     type.Add("Main", "manual", nullptr, "w");
     EXPECT_THAT(m_search.asked, ElementsAre("manual|.CHM"));
@@ -122,8 +124,6 @@ TEST_F(Help, LooksForFilesOnTheSearchPath)
     EXPECT_STREQ("w", type.GetWindow());
     EXPECT_TRUE(type.compare("mAIN"));
     EXPECT_FALSE(type.compare("Mai"));
-    EXPECT_FALSE(type.compare(nullptr));
-
     for (const std::size_t length : {259u, 260u}) {
         m_search.programs["far"] = std::string(length, 'f');
         type.Add(nullptr, "far", nullptr, nullptr);
@@ -131,16 +131,6 @@ TEST_F(Help, LooksForFilesOnTheSearchPath)
     }
     EXPECT_TRUE(type.empty());
     EXPECT_FALSE(type.compare(nullptr));
-    EXPECT_STREQ("", type.GetWindow());
-}
-
-TEST_F(Help, TakesTheNameOfAFileFromTheStrings)
-{
-    HTML_HELP help;
-    help.AddType("Main", HINSTANCE{nullptr}, 40, "w");
-    Process().language.SetLanguage(kGerman);
-    help.AddType("Second", HINSTANCE{nullptr}, 40, "w");
-    EXPECT_THAT(m_search.asked, ElementsAre("Manual.chm|.CHM", "Handbuch.chm|.CHM"));
 }
 
 TEST_F(Help, SendsWhatEachRequestNeeds)
@@ -148,6 +138,8 @@ TEST_F(Help, SendsWhatEachRequestNeeds)
     HTML_HELP help;
     help.SetWindow(kOwner);
     help.AddType("Main", "manual", "main");
+    Process().language.SetLanguage(kGerman);
+    help.AddType("Texts", HINSTANCE{nullptr}, 40, "w");
     EXPECT_EQ(m_control.window, help.Open("main", 4'000'000'000));
     EXPECT_EQ(m_control.window, help.Search("main", "pump %s"));
     EXPECT_EQ(m_control.window, help.Contents("main"));
@@ -155,6 +147,8 @@ TEST_F(Help, SendsWhatEachRequestNeeds)
                                     "topic /app/Manual.CHM", "search 'pump %s' /app/Manual.CHM",
                                     "topic /app/Manual.CHM", "contents /app/Manual.CHM"));
     EXPECT_THAT(m_control.owners, testing::Each(kOwner));
+    help.Open("Texts", 1);
+    EXPECT_EQ("context 1 Handbuch.chm>w", Sent().back());
 }
 
 TEST_F(Help, OpensTheFirstTypeForAnUnknownOneAndTheLastFileOfAType)
@@ -162,41 +156,31 @@ TEST_F(Help, OpensTheFirstTypeForAnUnknownOneAndTheLastFileOfAType)
     HTML_HELP help;
     for (const char* name : {"Main", "Dialog", "mAIN"})
         help.AddType(name, name, name);
-    help.DisableErrors();
     for (const char* name : {static_cast<const char*>(nullptr), "", "no such type"}) {
         help.Open(name, 1);
         EXPECT_THAT(Sent(), ElementsAre("context 1 mAIN>mAIN"));
     }
 }
 
-TEST_F(Help, ClosesTheWindowsOfAnotherType)
+TEST_F(Help, ClosesTheWindowsOfAnotherTypeAndAllWithTheLastObject)
 {
-    HTML_HELP help;
-    help.AddType("Main", "f", "w");
-    const std::string thirty(30, 'n');
-    const struct {
-        std::string type;
-        bool closes;
-    } cases[] = {{thirty + "1", false}, {thirty + "2", false}, {thirty, false}, {"n", true},
-                 {"n", false},          {"N", true},           {"", true},      {"Main", false}};
-    for (const auto& c : cases) {
-        help.Open(c.type.c_str(), 1);
-        const std::vector<std::string> sent = Sent();
-        EXPECT_EQ(c.closes ? 2u : 1u, sent.size()) << c.type;
-        EXPECT_EQ(c.closes, sent.front() == "close all (none)") << c.type;
-    }
-}
-
-TEST_F(Help, ClosesAllWindowsWithTheLastObject)
-{
+    auto last = std::make_unique<HTML_HELP>();
     {
-        const HTML_HELP first;
-        {
-            HTML_HELP second, copy(first);
-            copy = second;
+        HTML_HELP help(*last);
+        help.AddType("Main", "f", "w");
+        const std::string thirty(30, 'n');
+        const std::pair<std::string, bool> cases[] = {
+            {thirty + "1", false}, {thirty + "2", false}, {thirty, false}, {"n", true},
+            {"n", false},          {"N", true},           {"", true},      {"Main", false}};
+        for (const auto& [type, closes] : cases) {
+            help.Open(type.c_str(), 1);
+            const std::vector<std::string> sent = Sent();
+            EXPECT_EQ(closes ? 2u : 1u, sent.size()) << type;
+            EXPECT_EQ(closes, sent.front() == "close all (none)") << type;
         }
-        EXPECT_THAT(Sent(), ElementsAre());
     }
+    EXPECT_THAT(Sent(), ElementsAre());
+    last.reset();
     EXPECT_THAT(Sent(), ElementsAre("close all (none)"));
 }
 
@@ -205,39 +189,23 @@ TEST_F(Help, TellsOfHelpThatCannotBeShownUnlessErrorsAreOff)
     m_control.window = nullptr;
     HTML_HELP help;
     help.SetWindow(kOwner);
-    {
-        MessageBoxDouble boxes;
-        EXPECT_EQ(nullptr, help.Contents("Main")) << "nothing is to be shown, nothing to be told";
-        help.AddType("Main", nullptr, "w");
-        EXPECT_EQ(nullptr, help.Contents("Main"));
-        EXPECT_THAT(Sent(), ElementsAre());
-    }
-    help.AddType("Main", "f", "w");
-    {
-        MessageBoxDouble boxes({IDOK, IDOK, IDOK});
-        EXPECT_EQ(nullptr, help.Open("Main", 1));
-        EXPECT_EQ(nullptr, help.Search("Main", nullptr));
-        Process().language.SetLanguage(kGerman);
-        EXPECT_EQ(nullptr, help.Contents("Main"));
-        EXPECT_EQ("Opening a context page %n%s%d no help", boxes.shown[0].text);
-        EXPECT_EQ("Searching the file %n%s%d no help", boxes.shown[1].text);
-        EXPECT_EQ("keine Hilfe", boxes.shown[2].text);
-        EXPECT_EQ("Help", boxes.shown[0].caption);
-        EXPECT_EQ(MB_ICONHAND, boxes.shown[0].style);
-        EXPECT_EQ(kOwner, boxes.shown[0].owner);
-    }
-    help.DisableErrors();
-    MessageBoxDouble boxes;
+    MessageBoxDouble boxes({IDOK, IDOK, IDOK});
+    EXPECT_EQ(nullptr, help.Contents("Main")) << "nothing is to be shown, nothing to be told";
     EXPECT_EQ(nullptr, help.Open("Main", 1));
-}
-
-TEST_F(Help, TellsThatThereIsNothingRegistered)
-{
-    MessageBoxDouble boxes({IDOK, IDOK});
-    HTML_HELP help;
-    EXPECT_EQ(nullptr, help.Open("Main", 1));
-    EXPECT_EQ(nullptr, help.Search("Main", "q"));
     EXPECT_THAT(Sent(), ElementsAre());
+    help.AddType("Main", "f", "w");
+    EXPECT_EQ(nullptr, help.Search("Main", nullptr));
+    Process().language.SetLanguage(kGerman);
+    EXPECT_EQ(nullptr, help.Contents("Main"));
+    help.DisableErrors();
+    EXPECT_EQ(nullptr, help.Open("Main", 1));
+    ASSERT_EQ(3u, boxes.shown.size());
+    EXPECT_EQ("Opening a context page %n%s%d no help", boxes.shown[0].text);
+    EXPECT_EQ("Searching the file %n%s%d no help", boxes.shown[1].text);
+    EXPECT_EQ("keine Hilfe", boxes.shown[2].text);
+    EXPECT_EQ("Help", boxes.shown[0].caption);
+    EXPECT_EQ(MB_ICONHAND, boxes.shown[0].style);
+    EXPECT_EQ(kOwner, boxes.shown[0].owner);
 }
 
 }  // namespace qx::test

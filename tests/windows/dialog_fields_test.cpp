@@ -1,6 +1,7 @@
 // Numbers and texts in the controls of real dialogs, typing, and placing windows.
 #include "support/guarded_buffer.h"
 #include "support/win32_ui.h"
+#include "support/window_spy.h"
 
 #include <qxutility/config/startup.h>
 #include <qxutility/ui/dialog_fields.h>
@@ -174,6 +175,18 @@ TEST_F(TypedNumbers, AreReadAsFarAsTheControlsLimit)
     Enter(std::string(100'000, 'x').c_str());
     EXPECT_FALSE(GoodNumber(m_window, kEdit, true, true, true));
     EXPECT_EQ("", Shown());
+}
+
+TEST_F(TypedNumbers, ControlMayGoWhileItsTextIsChanged)
+{
+    Enter(".5x");
+    const Spy spy(m_window, [&](UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT> {
+        if (message == WM_COMMAND && HIWORD(wParam) == EN_CHANGE)
+            ::DestroyWindow(m_edit);
+        return {};
+    });
+    GoodNumber(m_window, kEdit, true, true, true);
+    EXPECT_FALSE(::IsWindow(m_edit));
 }
 
 TEST(DialogPlacement, CentresWindowsOverOthers)

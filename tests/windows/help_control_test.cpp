@@ -8,14 +8,11 @@
 #include "support/win32_ui.h"
 
 #include <qxutility/config/help.h>
-#include <qxutility/config/language.h>
 #include <qxutility/ui/warning_list.h>
 
 #include <cstring>
 #include <filesystem>
-#include <gmock/gmock.h>
-#include <htmlhelp.h>
-#include <optional>
+#include <gtest/gtest.h>
 
 using namespace qx::test;
 
@@ -58,127 +55,54 @@ class HelpControl : public testing::Test {
         ::SetEnvironmentVariableA("QX_TEST_FOLDER",
                                   std::filesystem::current_path().string().c_str());
         static const RegisteredControl registered("%QX_TEST_FOLDER%\\test_help_control.ocx");
-        m_help->AddType("Main", "main.chm", "main_window");
-        m_help->AddType("Dialog", "dialogs.chm", "small");
-        m_help->SetWindow(m_owner);
-        m_help->DisableErrors();
-        m_help->Open("Main", 1);  // loads it, at the latest
-        m_help->EnableErrors();
+        m_help.AddType("Main", "main.chm", "main_window");
+        m_help.AddType("Dialog", "dialogs.chm", "small");
+        m_help.SetWindow(m_owner);
+        m_help.Open("Main", 1);  // loads it, at the latest
         Calls();
-        Answer(m_owner);
     }
-    template <typename Call>
-    static Call* Function(const char* name)
+    static std::string Calls()
     {
         const HMODULE control = ::GetModuleHandleA(kControl.c_str());
-        EXPECT_NE(nullptr, control) << kControl << " was not loaded";
-        return reinterpret_cast<Call*>(reinterpret_cast<void*>(::GetProcAddress(control, name)));
-    }
-    static void Answer(HWND window) { Function<AnswerHelpWith>("AnswerWith")(window); }
-    // What the control was asked for since the last call.
-    static std::vector<HelpCall> Calls()
-    {
-        std::vector<HelpCall> calls(100);
-        calls.resize(static_cast<std::size_t>(Function<TakeHelpCalls>("TakeCalls")(calls.data())));
-        return calls;
+        const auto take = reinterpret_cast<TakeHelpCalls*>(
+            reinterpret_cast<void*>(::GetProcAddress(control, "TakeCalls")));
+        EXPECT_NE(nullptr, take) << kControl << " was not loaded";
+        return take ? take() : "";
     }
 
-    TestWindow m_owner{"Owner"};
-    std::optional<HTML_HELP> m_help{std::in_place};
+    TestWindow m_window{"Owner"};
+    HWND m_owner = MakeChild(m_window, "Static", "", 0, 55);
+    HTML_HELP m_help;
 };
 
 }  // namespace
 
 TEST_F(HelpControl, IsAskedForPagesSearchesAndContents)
 {
-    EXPECT_EQ(m_owner, m_help->Open("Main", 0xFFFFFFFF));
-    EXPECT_EQ(m_owner, m_help->Search("main", "pump % curve"));
-    EXPECT_EQ(m_owner, m_help->Contents("Dialog"));
-    const struct {
-        HWND owner;
-        const char* target;
-        UINT command;
-        DWORD data;
-    } expected[] = {{m_owner, "main.chm>main_window", HH_HELP_CONTEXT, 0xFFFFFFFF},
-                    {nullptr, "(null)", HH_CLOSE_ALL, 0},  // "main" is not "Main"
-                    {m_owner, "main.chm", HH_DISPLAY_TOPIC, 0},
-                    {m_owner, "main.chm", HH_DISPLAY_SEARCH, 0},
-                    {nullptr, "(null)", HH_CLOSE_ALL, 0},
-                    {m_owner, "dialogs.chm", HH_DISPLAY_TOPIC, 0},
-                    {m_owner, "dialogs.chm", HH_DISPLAY_TOC, 0}};
-    const std::vector<HelpCall> calls = Calls();
-    ASSERT_EQ(std::size(expected), calls.size());
-    for (std::size_t i = 0; i < calls.size(); ++i) {
-        EXPECT_EQ(expected[i].owner, calls[i].owner) << i;
-        EXPECT_STREQ(expected[i].target, calls[i].target) << i;
-        EXPECT_EQ(expected[i].command, calls[i].command) << i;
-        EXPECT_EQ(expected[i].data, calls[i].data) << i;
-    }
-    EXPECT_STREQ("pump % curve", calls[3].query);
-    EXPECT_EQ(static_cast<int>(sizeof(HH_FTS_QUERY)), calls[3].querySize);
-    EXPECT_TRUE(calls[3].isExecuted);
-    EXPECT_TRUE(calls[3].isRestEmpty);
-}
-
-TEST_F(HelpControl, ClosesItsWindowsWithTheLastObject)
-{
-    {
-        const HTML_HELP copy(*m_help);
-        m_help.reset();
-        EXPECT_EQ(0u, Calls().size());
-    }
-    const std::vector<HelpCall> calls = Calls();
-    ASSERT_EQ(1u, calls.size());
-    EXPECT_EQ(static_cast<UINT>(HH_CLOSE_ALL), calls[0].command);
-}
-
-TEST_F(HelpControl, FailuresAreToldToTheUser)
-{
-    Answer(nullptr);
-    std::string text, caption;
-    ModalAnswer answer([&](HWND box) {
-        text = MessageOf(box);
-        caption = TextOf(box);
-        EXPECT_EQ(m_owner, ::GetWindow(box, GW_OWNER));
-        Press(box, IDOK);
-    });
-    EXPECT_EQ(nullptr, m_help->Open("Main", 1));
-    EXPECT_EQ("Help", caption);
-    EXPECT_THAT(text, testing::StartsWith("The help page could not be opened."));
-    m_help->DisableErrors();
-    EXPECT_EQ(nullptr, m_help->Open("Main", 1));
-    EXPECT_EQ(1, answer.Count());
-}
-
-TEST_F(HelpControl, FindsFilesOnTheSearchPathAndInTheUsersLanguage)
-{
-    const TemporaryFolder folder;
-    const std::string plain = folder.Write("Manual.chm", "x");
-    const std::string english = folder.Write("Manual_English.chm", "x");
-    CLanguage language;
-    const LocalizedHelpFileFinder finder{LocalizedFilenameMaker(language)};
-    m_help->AddType("Plain", folder.Path("Manual").c_str(), "w");
-    m_help->AddType("Localised", folder.Path("Manual").c_str(), &finder, "w");
-    m_help->Open("Plain", 1);
-    EXPECT_STRCASEEQ((plain + ">w").c_str(), Calls().back().target);
-    m_help->Open("Localised", 1);
-    EXPECT_STRCASEEQ((english + ">w").c_str(), Calls().back().target);
+    EXPECT_EQ(m_owner, m_help.Open("Main", 0xFFFFFFFF));
+    EXPECT_EQ(m_owner, m_help.Search("Main", "pump % curve"));
+    EXPECT_EQ(m_owner, m_help.Contents("Dialog"));
+    EXPECT_EQ(
+        "15 main.chm>main_window 4294967295 for 55\n"
+        "0 main.chm 0 for 55\n"
+        "3 main.chm pump % curve for 55\n"
+        "18 (none) 0\n"
+        "0 dialogs.chm 0 for 55\n"
+        "1 dialogs.chm 0 for 55\n",
+        Calls());
 }
 
 TEST_F(HelpControl, ShowsThePageOfTheWarningsWhenTheirHelpButtonIsPressed)
 {
     constexpr int kHelpButton = 6;
-    QXWarningList warnings(nullptr, 0, 77, &*m_help, nullptr);
+    QXWarningList warnings(nullptr, 0, 77, &m_help, nullptr);
     warnings.add("Pipe 1 is too long", nullptr);
     ModalAnswer answer([](HWND dialog) {
         Press(dialog, kHelpButton);
         Press(dialog, IDOK);
     });
-    warnings.display(m_owner);
-    const std::vector<HelpCall> calls = Calls();
-    ASSERT_EQ(2u, calls.size());
-    EXPECT_STREQ("dialogs.chm>small", calls[1].target);
-    EXPECT_EQ(77u, calls[1].data);
+    warnings.display(m_window);
+    EXPECT_EQ("18 (none) 0\n15 dialogs.chm>small 77 for 55\n", Calls());
 }
 
 TEST(HelpControlByItself, DISABLED_EveryRequestFailsWithoutOneAndNothingIsTriedAgain)

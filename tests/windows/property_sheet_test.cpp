@@ -154,3 +154,21 @@ TEST_F(PropertySheets, GiveTheirProcedureBackWhenTheyEnd)
         EXPECT_TRUE(seen);
     }
 }
+
+TEST_F(PropertySheets, MayBeDestroyedByAnyoneAndTwice)
+{
+    for (const bool withOwner : {false, true}) {
+        const HWND owner = ::CreateWindowA("Static", "", WS_POPUP | WS_VISIBLE, 0, 0, 300, 200,
+                                           nullptr, nullptr, nullptr, nullptr);
+        HWND seen = nullptr;
+        RunSheet(owner, [&](HWND sheet) {
+            seen = sheet;
+            ::SendMessageA(sheet, kTurnToPage, 1, 0);  // is posted, and comes too late
+            ::DestroyWindow(withOwner ? owner : sheet);
+            ::DestroyWindow(withOwner ? owner : sheet);
+        });
+        EXPECT_TRUE(seen);
+        EXPECT_FALSE(::IsWindow(seen));
+        ::DestroyWindow(owner);
+    }
+}

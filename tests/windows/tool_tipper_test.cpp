@@ -3,8 +3,10 @@
 
 #include <qxutility/ui/tool_tipper.h>
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <utility>
 
 using namespace qx::test;
 
@@ -26,6 +28,7 @@ class Owner {
 
     std::string text = "Tip of ";
     int asked = 0;
+    std::function<void()> whenAsked;  // the first time only
 
   private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
@@ -43,6 +46,8 @@ class Owner {
         ++asked;
         m_answer = text + TextOf(reinterpret_cast<HWND>(info.hdr.idFrom));
         info.lpszText = m_answer.data();
+        if (const auto act = std::exchange(whenAsked, nullptr))
+            act();
     }
 
     TestWindow m_window{"Tips"};
@@ -131,6 +136,22 @@ TEST(ToolTipper, TakesTextsOfAnyLength)
     MoveMouse(owner.first, 10, 10);
     MoveMouse(owner.first, 12, 12);
     EXPECT_TRUE(PumpUntil([&] { return owner.asked > 0; }));
+}
+
+TEST(ToolTipper, MayEndWithTheControlWhileTheTextIsAskedFor)
+{
+    Owner owner;
+    auto tips = std::make_unique<ToolTipper>(owner.window());
+    tips->AddTip(owner.first);
+    owner.whenAsked = [&] {
+        tips.reset();
+        ::DestroyWindow(owner.first);
+    };
+    MoveMouse(owner.first, 10, 10);
+    MoveMouse(owner.first, 12, 12);
+    EXPECT_TRUE(PumpUntil([&] { return owner.asked > 0; }));
+    PumpWaiting();
+    EXPECT_FALSE(::IsWindow(owner.first));
 }
 
 TEST(ToolTipper, WindowGoesWithItsOwner)

@@ -225,3 +225,22 @@ TEST_F(WarningDialog, SurvivesItsEndFromOutside)
     }
     EXPECT_FALSE(::IsWindow(owner));
 }
+
+TEST_F(WarningDialog, SurvivesItsEndWhileTheFileIsAskedFor)
+{
+    const TemporaryFolder folder;
+    QXWarningList warnings = ListOf(3, folder.Path().c_str());
+    HWND list = nullptr;
+    ModalAnswer answer([&](HWND dialog) {
+        if (::GetDlgItem(dialog, kList)) {
+            list = dialog;
+            ::SendMessageA(dialog, WM_COMMAND, kSave, 0);
+        } else {
+            ::DestroyWindow(list);
+            warnings.clear();
+        }
+    });
+    warnings.display(m_owner);
+    EXPECT_EQ(2, answer.Count());
+    EXPECT_FALSE(::IsWindow(list));
+}

@@ -19,7 +19,7 @@
 class CLanguage;
 
 // Decides which file is opened for a registered one. To be derived from; this one takes the
-// registered file itself. A finder must not throw.
+// registered file itself. A finder must not throw; it may register types.
 class QX_API HelpFileFinder {
   public:
     virtual std::string Find(std::string name) const;
@@ -83,7 +83,7 @@ class QX_API HTML_HELP {
         // `file` is looked for as the system looks for files (the program's folder, the system's
         // folders, the current folder, PATH), with ".CHM" behind a name without an extension; a
         // path of 260 characters or more counts as not found, and then `file` stays as it is.
-        //   name    null for a type without a name, which only the first one's part makes useful
+        //   name    null for a type without a name: of use as the first one only
         //   finder  cloned; null means HelpFileFinder
         void Add(const char* name, const char* file, const HelpFileFinder* finder,
                  const char* window);
@@ -130,7 +130,7 @@ class QX_API HTML_HELP {
     HWND Contents(const char* type);
 
   private:
-    const HELPTYPES* FindType(const char* name) const;
+    std::optional<HELPTYPES> FindType(const char* name) const;
     void UseType(const char* name);
     HWND CheckErrors(HWND shown, const char* action) const;
 

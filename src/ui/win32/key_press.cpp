@@ -41,6 +41,16 @@ void Forget(HWND edit)
     ::RemovePropA(edit, kRunningTimer);
 }
 
+LRESULT End(HWND edit, WNDPROC old, WPARAM wParam, LPARAM lParam)
+{
+    ::RemovePropA(edit, kOldProcedure);
+    ::RemovePropA(edit, kDelay);
+    if (!old)
+        return ::DefWindowProcA(edit, WM_NCDESTROY, wParam, lParam);
+    ::SetWindowLongPtrA(edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(old));
+    return ::CallWindowProcA(old, edit, WM_NCDESTROY, wParam, lParam);
+}
+
 LRESULT CALLBACK KeyPressProcedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) noexcept
 {
     const auto old = reinterpret_cast<WNDPROC>(::GetPropA(edit, kOldProcedure));
@@ -59,6 +69,8 @@ LRESULT CALLBACK KeyPressProcedure(HWND edit, UINT message, WPARAM wParam, LPARA
         case WM_DESTROY:
             Forget(edit);
             break;
+        case WM_NCDESTROY:
+            return End(edit, old, wParam, lParam);
         default:
             break;
     }

@@ -1,50 +1,39 @@
 #include "help_control.h"
 
-#include <cstdio>
-#include <cstring>
 #include <htmlhelp.h>
-#include <iterator>
-#include <utility>
+#include <sstream>
+#include <string>
 
-static HelpCall calls[100];
-static int count;
-static HWND answer;
+static std::ostringstream calls;
+static std::string taken;
 
-static void NoteSearch(HelpCall& call, const HH_FTS_QUERY& search)
+static void Note(const HH_FTS_QUERY& query)
 {
-    call.querySize = search.cbStruct;
-    std::snprintf(call.query, sizeof call.query, "%s", search.pszSearchQuery);
-    call.isExecuted = search.fExecute;
-    call.isRestEmpty = !search.fUniCodeStrings && !search.iProximity && !search.fStemmedSearch &&
-                       !search.fTitleOnly && !search.pszWindow;
+    const bool restIsEmpty = !query.fUniCodeStrings && !query.iProximity && !query.fStemmedSearch &&
+                             !query.fTitleOnly && !query.pszWindow;
+    calls << query.pszSearchQuery << (query.cbStruct == sizeof query ? "" : ", of another size")
+          << (query.fExecute ? "" : ", not executed") << (restIsEmpty ? "" : ", and more");
 }
 
 extern "C" {
 
 HWND WINAPI HelpA(HWND owner, const char* target, UINT command, DWORD_PTR data)
 {
-    if (count == std::ssize(calls))
-        return nullptr;
-    HelpCall& call = calls[count++];
-    call = {};
-    call.owner = owner;
-    call.command = command;
-    std::snprintf(call.target, sizeof call.target, "%s", target ? target : "(null)");
+    calls << command << " " << (target ? target : "(none)") << " ";
     if (command == HH_DISPLAY_SEARCH)
-        NoteSearch(call, *reinterpret_cast<const HH_FTS_QUERY*>(data));
+        Note(*reinterpret_cast<const HH_FTS_QUERY*>(data));
     else
-        call.data = static_cast<DWORD>(data);
-    return answer;
+        calls << data;
+    if (owner)
+        calls << " for " << ::GetDlgCtrlID(owner);
+    calls << "\n";
+    return owner;
 }
 
-int TakeCalls(HelpCall* taken)
+const char* TakeCalls()
 {
-    std::memcpy(taken, calls, sizeof calls);
-    return std::exchange(count, 0);
-}
-
-void AnswerWith(HWND window)
-{
-    answer = window;
+    taken = calls.str();
+    calls.str({});
+    return taken.c_str();
 }
 }
