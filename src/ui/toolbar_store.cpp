@@ -18,20 +18,19 @@ static std::vector<ToolbarRecord> UsableBars(XMLDocument& document)
     return bars;
 }
 
-std::vector<ToolbarRecord> LoadToolbarFile(const std::string& path)
-{
-    XMLDocument document;
-    return document.OpenFile(path.c_str()) ? UsableBars(document) : std::vector<ToolbarRecord>();
-}
-
 // Reading the bars finds the errors in their attributes as well.
-static bool IsReadInFull(const std::string& path)
+ToolbarFile LoadToolbarFile(const std::string& path)
 {
+    if (!platform::FileExists(path.c_str()))
+        return {};
+    ToolbarFile file{{}, false};
     XMLDocument document;
     if (!document.OpenFile(path.c_str()))
-        return false;
-    const bool isUsable = document.GetDataLength() == 0 || !UsableBars(document).empty();
-    return isUsable && document.GetError() == xmlNoError;
+        return file;
+    file.bars = UsableBars(document);
+    const bool isEmpty = document.GetDataLength() == 0;
+    file.isWhole = isEmpty || (!file.bars.empty() && document.GetError() == xmlNoError);
+    return file;
 }
 
 static bool KeepAside(const std::string& path)
@@ -44,7 +43,7 @@ static bool KeepAside(const std::string& path)
     return false;
 }
 
-bool SaveToolbarFile(const std::string& path, std::span<const ToolbarRecord> bars)
+bool SaveToolbarFile(const std::string& path, std::span<const ToolbarRecord> bars, bool keepOld)
 {
     XMLWriter writer(1024);
     WriteToolbars(writer, bars);
@@ -52,7 +51,9 @@ bool SaveToolbarFile(const std::string& path, std::span<const ToolbarRecord> bar
         return false;
     if (const std::size_t end = path.find_last_of("\\/"); end != path.npos)
         SmartCreateDir(path.substr(0, end).c_str());
-    if (platform::FileExists(path.c_str()) && !IsReadInFull(path) && !KeepAside(path))
+    const bool keeps =
+        keepOld ? platform::FileExists(path.c_str()) : !LoadToolbarFile(path).isWhole;
+    if (keeps && !KeepAside(path))
         return false;
     return writer.SaveToDisk(path.c_str());
 }

@@ -21,12 +21,12 @@ TEST(ToolbarStore, ASavedFileLoadsAgainAndItsFolderIsMade)
 {
     const TemporaryFolder folder;
     const std::string path = folder.Path("a/b") + "/bars.xml";
-    EXPECT_TRUE(LoadToolbarFile(path).empty());
+    EXPECT_TRUE(LoadToolbarFile(path).bars.empty());
     ASSERT_TRUE(SaveToolbarFile(path, OneBar()));
-    EXPECT_EQ(OneBar(), LoadToolbarFile(path));
-    EXPECT_TRUE(LoadToolbarFile(folder.Path("a")).empty()) << "a folder";
+    EXPECT_EQ(OneBar(), LoadToolbarFile(path).bars);
+    EXPECT_TRUE(LoadToolbarFile(folder.Path("a")).bars.empty()) << "a folder";
     EXPECT_FALSE(SaveToolbarFile(path, {}));
-    EXPECT_EQ(OneBar(), LoadToolbarFile(path)) << "no bars were there to be saved";
+    EXPECT_EQ(OneBar(), LoadToolbarFile(path).bars) << "no bars were there to be saved";
 }
 
 TEST(ToolbarStore, OnlyWhatWasNotReadInFullIsKept)
@@ -46,10 +46,10 @@ TEST(ToolbarStore, OnlyWhatWasNotReadInFullIsKept)
     for (const auto& c : cases) {
         const TemporaryFolder folder;
         const std::string path = folder.Write("bars.xml", c.text);
-        EXPECT_EQ(c.bars, !LoadToolbarFile(path).empty()) << c.text;
+        EXPECT_EQ(c.bars, !LoadToolbarFile(path).bars.empty()) << c.text;
         EXPECT_TRUE(SaveToolbarFile(path, OneBar())) << c.text;
         EXPECT_EQ(c.kept ? c.text : "", folder.Read("bars.xml.unreadable")) << c.text;
-        EXPECT_EQ(OneBar(), LoadToolbarFile(path)) << c.text;
+        EXPECT_EQ(OneBar(), LoadToolbarFile(path).bars) << c.text;
     }
 }
 
@@ -61,4 +61,7 @@ TEST(ToolbarStore, KeptFilesStayWhereTheyAre)
     }
     EXPECT_EQ("first", folder.Read("bars.xml.unreadable"));
     EXPECT_EQ("second", folder.Read("bars.xml.unreadable2"));
+    const std::string whole = folder.Read("bars.xml");
+    EXPECT_TRUE(SaveToolbarFile(folder.Path("bars.xml"), OneBar(), true));
+    EXPECT_EQ(whole, folder.Read("bars.xml.unreadable3")) << "could not be read before";
 }

@@ -6,7 +6,6 @@
 
 using namespace qx::test;
 using testing::HasSubstr;
-using testing::Not;
 using ToolStrip = ToolbarTest;
 
 static const char kPlaces[] = "8 3 105 27; 147 3 197 27; 8 29 8 53; -207 29 232 53; ";
@@ -176,6 +175,23 @@ TEST_F(ToolStrip, HostsAWindowAndKeepsItOverALoad)
     }
     EXPECT_TRUE(host.master->CreateToolBar(500, MakeCombo(host.window), 0)) << "a bar of its own";
     EXPECT_TRUE(::IsWindowVisible(host.Toolbar(500)));
+}
+
+TEST_F(ToolStrip, FileThatWasLockedIsNotOverwritten)
+{
+    user.Write("<a ID=\"101\"><b><idCommand>1</idCommand></b></a>");
+    const std::string own = user.Read();
+    const HANDLE lock =
+        ::CreateFileA((ToolbarFolder() / UserToolbars::kName).string().c_str(), GENERIC_READ, 0,
+                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    LoadedHost host;
+    EXPECT_EQ(kPlaces, host.Places()) << "the default toolbars";
+    ::CloseHandle(lock);
+    for (int i = 0; i < 2; ++i)
+        host.master->SaveToolbars(UserToolbars::kName);
+    EXPECT_EQ(own, user.Read("bars.xml.unreadable"));
+    EXPECT_EQ("", user.Read("bars.xml.unreadable2"));
+    EXPECT_THAT(user.Read(), HasSubstr("ID=\"104\""));
 }
 
 TEST_F(ToolStrip, FileThatHidesAllBarsShowsTheFirst)

@@ -31,7 +31,12 @@ bool StripWindow::Take(std::vector<ToolbarRecord> records)
 
 bool StripWindow::GetXMLToolbars(const std::string& path)
 {
-    return Take(LoadToolbarFile(path));
+    ToolbarFile file = LoadToolbarFile(path);
+    if (!file.isWhole)
+        m_unread = path;
+    else if (m_unread == path)
+        m_unread.clear();
+    return Take(std::move(file.bars));
 }
 
 bool StripWindow::InitializeToDefaults()
@@ -92,7 +97,8 @@ void StripWindow::CarryOut(const LoadStep& step)
 bool StripWindow::InitializeToolbars(const std::string& path)
 {
     const auto children = TakeBarsAway();
-    if (!GetXMLToolbars(path) && !InitializeToDefaults())
+    const bool isFile = !path.ends_with('\\');
+    if (!(isFile && GetXMLToolbars(path)) && !InitializeToDefaults())
         return false;
     std::vector<ToolbarRecord> records;
     for (const Bar& bar : m_bars)
@@ -142,14 +148,17 @@ ToolbarRecord StripWindow::WrittenRecord(const Bar& bar) const
     return record;
 }
 
-void StripWindow::SaveToolbars(const std::string& fileName) const
+void StripWindow::SaveToolbars(const std::string& fileName)
 {
     if (!m_customisable || !m_window || fileName.empty())
         return;
     std::vector<ToolbarRecord> records;
     for (const Bar& bar : m_bars)
         records.push_back(WrittenRecord(bar));
-    SaveToolbarFile(UserFile(fileName), records);
+    const std::string path = UserFile(fileName);
+    const bool wasUnread = m_unread == path;
+    if (SaveToolbarFile(path, records, wasUnread) && wasUnread)
+        m_unread.clear();
 }
 
 }  // namespace qx

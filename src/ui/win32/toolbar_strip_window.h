@@ -49,7 +49,7 @@ class StripWindow : public std::enable_shared_from_this<StripWindow> {
 
     // The operations of ToolBarMaster.
     void LoadToolbars(const std::string& fileName);
-    void SaveToolbars(const std::string& fileName) const;
+    void SaveToolbars(const std::string& fileName);
     bool CreateToolBar(int id, HWND child);
     void UpdateButtonStates();
     void ToggleDock(int x, int y, int id, int index);
@@ -160,6 +160,7 @@ class StripWindow : public std::enable_shared_from_this<StripWindow> {
     bool m_resets = false;                // Reset was pressed in the customise dialog
     HWND m_dialog = nullptr;              // the customise dialog, once it was extended
     HWND m_customised = nullptr;          // the toolbar that it changes
+    std::string m_unread;                 // the file that could not be read when it was loaded
     std::string m_tip;                    // the text given to a tooltip last
     std::shared_ptr<StripWindow> m_self;  // once its owner gave it up
 };
