@@ -17,6 +17,10 @@
 #define IDD_FLOW 112
 #define IDD_FOLDERS 113
 
+#define IDR_TOOLBARS 120
+#define IDR_TOOLBAR_BUTTONS 121
+#define IDB_TOOLBAR 122
+
 // Commands
 #define IDM_NEW 201
 #define IDM_EXIT 202
@@ -44,6 +48,7 @@
 #define IDM_STATUS_BAR 242
 #define IDM_OPTIONS 243
 #define IDM_TREE 244
+#define IDM_FLOATING_TOOLS 245
 #define IDM_ABOUT 251
 #define IDM_HELP 252
 // One command per language of the table, in its order; the first item stands in the resource.
@@ -76,6 +81,8 @@
 // One number per work directory, and per button beside it; see kWorkDirectories.
 #define IDC_DIRECTORIES 360
 #define IDC_DIRECTORY_BUTTONS 370
+#define IDC_TOOLBARS 390
+#define IDC_UNITS_BAR 391
 
 // Pages of the help; see help/pages.toml
 #define IDH_FILES 2
@@ -138,5 +145,7 @@
 #define IDS_PDF_FILTER 82
 #define IDS_REPORT_VELOCITIES 83
 #define IDS_REPORT_FLUID 84
+// The tip of a command's button has the number of the command added to this.
+#define IDS_TIPS 2000
 
 #endif

@@ -43,3 +43,17 @@ TEST(Commands, AreAvailableWhereTheyMakeSense)
         EXPECT_EQ(c.withPipe, StateOf(c.command, line)) << c.command;
     }
 }
+
+TEST(Commands, ButtonsThatConcernALineAreNotOnTheStartPage)
+{
+    using enum CommandState;
+    Situation start, line;
+    line.lineOpen = line.anyPipe = true;
+    for (const int command : {IDM_START_PAGE, IDM_SORT_NAME, IDM_TREE, IDM_SKETCH}) {
+        EXPECT_EQ(Hidden, ButtonStateOf(command, start)) << command;
+        EXPECT_EQ(StateOf(command, line), ButtonStateOf(command, line)) << command;
+    }
+    EXPECT_EQ(Disabled, ButtonStateOf(IDM_ADD, start));
+    line.toolsFloat = true;
+    EXPECT_EQ(Checked, ButtonStateOf(IDM_FLOATING_TOOLS, line));
+}

@@ -4,8 +4,10 @@
 
 #include <qxutility/config/language.h>
 #include <qxutility/config/table_reader.h>
+#include <qxutility/formats/xml_document.h>
 
 #include <gmock/gmock.h>
+#include <map>
 
 using namespace qx::test;
 using testing::IsEmpty;
@@ -70,6 +72,36 @@ TEST_P(PipeBenchTexts, CoverTheMenu)
     m_language.Menu(menu, 0);
     ExpectOwnMnemonics(menu);
     ::DestroyMenu(menu);
+}
+
+// The picture of each button in the order of the elements; separators have none.
+static void ForButtons(XMLElement& parent, const std::function<void(int command, int picture)>& see)
+{
+    for (XMLElement* button = parent.FirstElement(); button; button = parent.NextElement()) {
+        int command = 0, picture = -1;
+        button->ReadSubElement("idCommand", command, 0);
+        button->ReadSubElement("iBitmap", picture, -1);
+        if (command != 0)
+            see(command, picture);
+    }
+}
+
+TEST_P(PipeBenchTexts, CoverTheButtonsOfTheToolbars)
+{
+    XMLDocument catalogue, bars;
+    ASSERT_TRUE(catalogue.LoadResource(m_program, MAKEINTRESOURCEA(121), "XML"));
+    ASSERT_TRUE(bars.LoadResource(m_program, MAKEINTRESOURCEA(120), "XML"));
+    std::map<int, int> pictures;
+    ForButtons(catalogue, [&](int command, int picture) {
+        EXPECT_EQ(static_cast<int>(pictures.size()), picture) << command;
+        pictures[command] = picture;
+        EXPECT_NE("###", m_language.String(m_program, 2000U + static_cast<unsigned>(command)));
+    });
+    for (XMLElement* bar = bars.FirstElement(); bar; bar = bars.NextElement()) {
+        ForButtons(*bar, [&](int command, int picture) {
+            EXPECT_TRUE(pictures.contains(command) && pictures[command] == picture) << command;
+        });
+    }
 }
 
 static INT_PTR CALLBACK DoNothing(HWND, UINT, WPARAM, LPARAM)

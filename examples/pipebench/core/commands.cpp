@@ -99,9 +99,18 @@ CommandState StateOf(int command, const Situation& now)
             return ViewState(now.settings.view.sketch, now);
         case IDM_STATUS_BAR:
             return CheckedIf(now.settings.view.statusBar);
+        case IDM_FLOATING_TOOLS:
+            return CheckedIf(now.toolsFloat);
         default:
             return CommandState::Hidden;
     }
+}
+
+CommandState ButtonStateOf(int command, const Situation& now)
+{
+    const bool ofLine = command == IDM_START_PAGE || command == IDM_SORT_NAME ||
+                        command == IDM_TREE || command == IDM_SKETCH;
+    return ofLine && !now.lineOpen ? CommandState::Hidden : StateOf(command, now);
 }
 
 }  // namespace pipebench

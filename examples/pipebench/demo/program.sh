@@ -43,7 +43,9 @@ program_gone_or_asking() { program_gone || look_at '#32770' 'Pipe Bench'; }
 program_gone() { ! kill -0 "$program" 2>/dev/null; }
 
 # Forgets what the program has kept from one start to the next.
-fresh_settings() { find "$WINEPREFIX/drive_c/users" -name PipeBench.ini -delete; }
+fresh_settings() {
+    find "$WINEPREFIX/drive_c/users" \( -name PipeBench.ini -o -name PipeBenchToolbars.xml \) -delete
+}
 
 # ---- Its main window -----------------------------------------------------------------------------
 

@@ -38,6 +38,7 @@ const MainWindow::Command* MainWindow::FindCommand(int command)
         {IDM_DECIMALS_0, IDM_DECIMALS_3, &MainWindow::UseDecimals},
         {IDM_SKETCH, IDM_STATUS_BAR, &MainWindow::TogglePart},
         {IDM_TREE, IDM_TREE, &MainWindow::TogglePart},
+        {IDM_FLOATING_TOOLS, IDM_FLOATING_TOOLS, &MainWindow::ToggleTools},
         {IDM_OPTIONS, IDM_OPTIONS, &MainWindow::ChangeOptions},
         {IDM_HELP, IDM_HELP, &MainWindow::ShowHelp},
         {IDM_ABOUT, IDM_ABOUT, &MainWindow::ShowAbout},
@@ -56,21 +57,32 @@ void MainWindow::OnCommand(int command)
     const Command* found = FindCommand(command);
     if (found && (state == CommandState::Enabled || state == CommandState::Checked))
         (this->*found->run)(command);
+    m_toolbars.ShowStates();
+}
+
+void MainWindow::OnSelection()
+{
+    m_toolbars.ShowStates();
 }
 
 CommandState MainWindow::StateOf(int command) const
 {
+    return pipebench::StateOf(command, Now());
+}
+
+Situation MainWindow::Now() const
+{
     const auto choices = m_localisation.Choices();
     const auto language =
         std::ranges::find(choices, m_localisation.Language().GetLanguage(), &LanguageChoice::lcid);
-    return pipebench::StateOf(command,
-                              {.lineOpen = m_line.has_value(),
-                               .lineChanged = m_line && m_line->changed,
-                               .anyPipe = m_line && !m_line->pipes.empty(),
-                               .pipeSelected = m_line && m_workspace.Selected(),
-                               .settings = m_settings,
-                               .languages = choices.size(),
-                               .language = static_cast<std::size_t>(language - choices.begin())});
+    return {.lineOpen = m_line.has_value(),
+            .lineChanged = m_line && m_line->changed,
+            .anyPipe = m_line && !m_line->pipes.empty(),
+            .pipeSelected = m_line && m_workspace.Selected(),
+            .toolsFloat = m_toolbars.ToolsFloat(),
+            .settings = m_settings,
+            .languages = choices.size(),
+            .language = static_cast<std::size_t>(language - choices.begin())};
 }
 
 void MainWindow::Exit(int)
@@ -158,6 +170,19 @@ void MainWindow::TogglePart(int command)
     part = !part;
     m_workspace.Arrange(view);
     ShowView();
+}
+
+void MainWindow::ToggleTools(int)
+{
+    m_toolbars.ToggleTools();
+}
+
+void MainWindow::UseUnits(DT_UNITS units)
+{
+    m_settings.units = units;
+    pipebench::Save(Window(), m_localisation, m_settings);
+    ShowLine();
+    ::SetFocus(Window());
 }
 
 void MainWindow::Speak(DWORD lcid)

@@ -42,6 +42,8 @@ int MainWindow::Run(int show)
 
 LRESULT MainWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam)
 {
+    if (const auto answer = m_toolbars.Handle(message, wParam, lParam))
+        return *answer;
     switch (message) {
         case WM_CREATE:
             return OnCreate(), 0;
@@ -78,8 +80,25 @@ void MainWindow::OnCreate()
         ::CreateWindowExA(0, STATUSCLASSNAMEA, "", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0, 0,
                           0, Window(), nullptr, m_localisation.Module(), nullptr);
     m_workspace.Arrange(m_settings.view);
+    CreateToolbars();
     ShowTexts();
     ShowView();
+    m_toolbars.ShowStates();
+}
+
+void MainWindow::CreateToolbars()
+{
+    const auto changed = [this] {
+        ::SendMessageA(m_statusBar, SB_SIMPLE, FALSE, 0);
+        Arrange();
+    };
+    const auto explain = [this](const char* text) {
+        ::SendMessageA(m_statusBar, SB_SIMPLE, TRUE, 0);
+        ::SendMessageA(m_statusBar, SB_SETTEXTA, SB_SIMPLEID, reinterpret_cast<LPARAM>(text));
+    };
+    m_toolbars.Create(Window(), m_localisation,
+                      {[this](int command) { return ButtonStateOf(command, Now()); },
+                       [this](DT_UNITS units) { UseUnits(units); }, changed, explain});
 }
 
 void MainWindow::OnClose()
@@ -107,6 +126,7 @@ RECT MainWindow::ViewArea() const
     ::GetClientRect(Window(), &area);
     if (m_settings.view.statusBar)
         ::GetWindowRect(m_statusBar, &status);
+    area.top += m_toolbars.Height();
     area.bottom -= status.bottom - status.top;
     return area;
 }
@@ -114,6 +134,7 @@ RECT MainWindow::ViewArea() const
 void MainWindow::Arrange()
 {
     ::SendMessageA(m_statusBar, WM_SIZE, 0, 0);
+    m_toolbars.Arrange(ViewArea().right);
     const RECT area = ViewArea();
     for (const HWND view : {m_startPage.Window(), m_workspace.Window()})
         ::MoveWindow(view, area.left, area.top, area.right - area.left, area.bottom - area.top,
@@ -139,6 +160,7 @@ void MainWindow::OnLimits(MINMAXINFO& limits)
 void MainWindow::ShowTexts()
 {
     ShowMenu();
+    m_toolbars.ShowTexts();
     m_startPage.Show(m_localisation);
     ShowLine();
 }
@@ -156,6 +178,7 @@ void MainWindow::ShowLine()
     const std::string title =
         m_line ? TitleOf(*m_line, m_localisation.String(IDS_UNTITLED), program) : program;
     ::SetWindowTextA(Window(), title.c_str());
+    m_toolbars.ShowUnits(m_settings.units);
     if (m_line)
         m_workspace.Show(m_localisation.Language(), m_line->pipes, m_settings);
     ShowStatus();

@@ -6,6 +6,7 @@
 #include "core/localisation.h"
 #include "win32/report_print.h"
 #include "win32/start_page.h"
+#include "win32/toolbars.h"
 #include "win32/workspace.h"
 
 #include <qxutility/config/help.h>
@@ -32,6 +33,7 @@ class MainWindow : public ObjectWindow {
     void OnLimits(MINMAXINFO& limits);
     void OnClose();
     void OnDestroy();
+    void CreateToolbars();
     // Lays out what the window holds, from the top to the bottom.
     void Arrange();
     RECT ViewArea() const;
@@ -48,8 +50,9 @@ class MainWindow : public ObjectWindow {
     struct Command;
     static const Command* FindCommand(int command);
     CommandState StateOf(int command) const;
+    Situation Now() const;
     void OnCommand(int command);
-    void OnSelection() {}
+    void OnSelection();
 
     void NewLine(int);
     void OpenSample(int);
@@ -68,6 +71,8 @@ class MainWindow : public ObjectWindow {
     void Sort(int command);
     void UseDecimals(int command);
     void TogglePart(int command);
+    void ToggleTools(int);
+    void UseUnits(DT_UNITS units);
     void UseLanguage(int command);
     void ChangeOptions(int);
     void ShowHelp(int);
@@ -83,6 +88,7 @@ class MainWindow : public ObjectWindow {
     Localisation& m_localisation;
     std::optional<DWORD> m_lcid;
     HTML_HELP m_help;
+    Toolbars m_toolbars;
     HWND m_statusBar = nullptr;
     StartPage m_startPage;
     Workspace m_workspace;
