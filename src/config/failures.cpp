@@ -34,7 +34,6 @@ static std::string StringCutTo(HINSTANCE module, int stringId, std::size_t size)
 }
 
 // ---- Assertions
-// ----------------------------------------------------------------------------------
 
 static void IgnoreLine(int line, std::span<int> ignoredLines, bool& silenced)
 {
@@ -89,7 +88,6 @@ int AssertMessage(const char* file, int line, const char* name, int* ignoredLine
 }
 
 // ---- Error boxes
-// ---------------------------------------------------------------------------------
 
 static std::string ErrorText(HINSTANCE module, int stringId, const std::string& text)
 {
@@ -118,7 +116,6 @@ int ErrorMessage(HINSTANCE module, const std::string& title, HWND owner, int str
 }
 
 // ---- Strings as templates
-// ------------------------------------------------------------------------
 
 char* FormatString(HINSTANCE module, int stringId, char* out, int size, const char* argument)
 {
@@ -156,7 +153,6 @@ char* LoadFileFilter(HINSTANCE module, char* buffer, int stringId)
 }
 
 // ---- Language
-// ------------------------------------------------------------------------------------
 
 void QXUtility_SetLanguage(DWORD lcid)
 {

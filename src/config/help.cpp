@@ -23,7 +23,6 @@ static std::string TextOf(const char* text)
 }
 
 // ---- A type of help
-// ------------------------------------------------------------------------------
 
 using HelpType = HTML_HELP::HELPTYPES;
 
@@ -82,7 +81,6 @@ std::string HelpType::GetFile() const
 }
 
 // ---- All types of an application
-// -----------------------------------------------------------------
 
 HTML_HELP::HTML_HELP() : m_errors(true), m_owner(nullptr)
 {
@@ -143,7 +141,6 @@ void HTML_HELP::AddType(const char* name, HINSTANCE module, int stringId, const 
 }
 
 // ---- Requests
-// ------------------------------------------------------------------------------------
 
 HWND HTML_HELP::Open(const char* type, unsigned contextId)
 {

@@ -27,7 +27,6 @@ HelpFileFinder* HelpFileFinder::Clone() const
 }
 
 // ---- Names of files that exist once per language
-// -------------------------------------------------
 
 LocalizedFilenameMaker::LocalizedFilenameMaker(CLanguage& language) : m_language(&language) {}
 LocalizedFilenameMaker::LocalizedFilenameMaker(const LocalizedFilenameMaker&) = default;
@@ -53,7 +52,6 @@ std::string LocalizedFilenameMaker::GetDefaultFilename(std::string name, std::st
 }
 
 // ---- Finding the file in the user's language
-// -----------------------------------------------------
 
 static bool HasValidNames(const boost::filesystem::path& path)
 {

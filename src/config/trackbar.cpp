@@ -51,7 +51,6 @@ int Trackbar::TickCount() const
 }
 
 // ---- Pixels
-// --------------------------------------------------------------------------------------
 
 void Trackbar::SetSize(int length, int thumb)
 {
@@ -82,7 +81,6 @@ std::pair<int, int> Trackbar::Thumb() const
 }
 
 // ---- Keys and mouse
-// ------------------------------------------------------------------------------
 
 std::optional<TrackbarCode> Trackbar::Move(TrackbarCode code)
 {

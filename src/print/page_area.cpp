@@ -10,7 +10,6 @@
 namespace qx {
 
 // ---- Margins
-// -------------------------------------------------------------------------------------
 
 static constexpr char kMarginSection[] = "KVL PRINT";
 
@@ -84,7 +83,6 @@ void SaveMargins(std::string_view kind, const Margins& margins)
 }
 
 // ---- Page
-// ----------------------------------------------------------------------------------------
 
 // A margin as measured from the edge of what the printer reaches.
 static int Inset(int dpi, int margin, double unprintable)

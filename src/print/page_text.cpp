@@ -11,7 +11,6 @@ namespace qx {
 static constexpr double kLeading = 1.25;  // line heights
 
 // ---- Paragraphs
-// ----------------------------------------------------------------------------------
 
 namespace {
 
@@ -90,7 +89,6 @@ Paragraph LeftLines(TextMeasure& measure, int left, int right, float y, int line
 }
 
 // ---- Columns
-// -------------------------------------------------------------------------------------
 
 int CenterX(TextMeasure& measure, int left, int right, std::string_view text)
 {
@@ -166,7 +164,6 @@ int ColonAt(TextMeasure& measure, int x, std::string_view text)
 }
 
 // ---- Underlining
-// ---------------------------------------------------------------------------------
 
 HorizontalLine UnderlineOf(TextMeasure& measure, int x, int y, int charHeight,
                            std::string_view text)

@@ -21,7 +21,6 @@ static void LockHeight(MINMAXINFO& limits, Coordinate height)
 }
 
 // ---- Limits
-// --------------------------------------------------------------------------------------
 
 static MINMAXINFO LimitsOfSplitter(DWORD flags)
 {
@@ -97,7 +96,6 @@ std::vector<MINMAXINFO> ChainLimits(const std::vector<PaneData>& panes,
 }
 
 // ---- Layout pass
-// ---------------------------------------------------------------------------------
 
 static bool Fits(DWORD flags, const RECT& area, POINT own, POINT rest)
 {

@@ -22,7 +22,6 @@ Pane::~Pane()
 }
 
 // ---- One pane
-// ------------------------------------------------------------------------------------
 
 DWORD SideOf(DWORD flags)
 {
@@ -133,7 +132,6 @@ std::array<GripLine, 4> Grip(const PaneData& splitter)
 }
 
 // ---- The chain
-// -----------------------------------------------------------------------------------
 
 static DWORD SplitterFlags(DWORD flags)
 {

@@ -115,7 +115,6 @@ TEST(Dll, LeavesNothingBehindAfterManyLoads)
 }
 
 // ---- Resources
-// -----------------------------------------------------------------------------------
 
 static std::string PathOf(HMODULE module)
 {

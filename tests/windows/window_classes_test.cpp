@@ -59,7 +59,6 @@ static bool Changes(HWND window)
 }
 
 // ---- Please wait, and the surprise
-// ---------------------------------------------------------------
 
 TEST(PleaseWait, MovesItsBarByItself)
 {
@@ -139,7 +138,6 @@ TEST(WindowClasses, LeaveNothingBehind)
 }
 
 // ---- Trackbar
-// ------------------------------------------------------------------------------------
 
 // A trackbar in a window that keeps what it is told.
 class TrackbarWindow {

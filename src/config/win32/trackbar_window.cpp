@@ -29,7 +29,6 @@ struct Control {
 }  // namespace
 
 // ---- Geometry
-// ------------------------------------------------------------------------------------
 
 static bool Is(const Control& control, DWORD style)
 {
@@ -88,7 +87,6 @@ static void Resize(Control& control)
 }
 
 // ---- Painting
-// ------------------------------------------------------------------------------------
 
 static void DrawTicks(const Control& control, HDC dc)
 {
@@ -133,7 +131,6 @@ static void Redraw(const Control& control)
 }
 
 // ---- Reports to the parent
-// -----------------------------------------------------------------------
 
 static void Report(const Control& control, TrackbarCode code)
 {
@@ -172,7 +169,6 @@ static void ReportReleasedCapture(const Control& control)
 }
 
 // ---- Keys and mouse
-// ------------------------------------------------------------------------------
 
 static std::optional<TrackbarCode> CodeOfKey(WPARAM key)
 {
@@ -253,7 +249,6 @@ static void Wheel(Control& control, int turned)
 }
 
 // ---- Messages of the standard control
-// ------------------------------------------------------------
 
 static LRESULT SetPosition(Control& control, bool redraw, int position)
 {
@@ -389,7 +384,6 @@ static LRESULT Handle(Control& control, UINT message, WPARAM wParam, LPARAM lPar
 }
 
 // ---- The window
-// ----------------------------------------------------------------------------------
 
 // The window's property owns the control; a message that is being handled owns it as well, as the
 // parent may destroy the window at any report.

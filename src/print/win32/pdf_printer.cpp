@@ -99,7 +99,6 @@ std::string DeviceOf(HGLOBAL deviceMode)
 }  // namespace
 
 // ---- Installed printers
-// --------------------------------------------------------------------------
 
 int QXPrint::GetPrinterDevice(const char* printerName, void** deviceNames, void** deviceMode)
 {
@@ -134,7 +133,6 @@ void QXPrint::PDFInit()
 }
 
 // ---- A diverted job
-// ------------------------------------------------------------------------------
 
 void QXPrint::PDFSetFileName(const char* path)
 {

@@ -23,7 +23,6 @@ static const JobMessage kNotDiverted{kNoPdfPrinter, MB_ICONINFORMATION, {}};
 static const QXPrint* running = nullptr;  // the one whose job runs
 
 // ---- Life
-// ----------------------------------------------------------------------------------------
 
 QXPrint::QXPrint()
 {
@@ -70,7 +69,6 @@ bool QXPrint::CancelPrint() const
 }
 
 // ---- Start
-// ---------------------------------------------------------------------------------------
 
 bool QXPrint::SetupPrint(std::string documentName)
 {
@@ -200,7 +198,6 @@ bool QXPrint::MeasurePage()
 }
 
 // ---- End
-// -----------------------------------------------------------------------------------------
 
 static void TellEnd(HWND owner, const JobMessage& message)
 {

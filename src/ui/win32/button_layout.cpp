@@ -12,7 +12,6 @@ static constexpr char kPanelClass[] = "BtnLayout";
 static constexpr INT_PTR kPanelId = 5000;
 
 // ---- Life
-// ----------------------------------------------------------------------------------------
 
 Layout::Layout(HWND parent, HWND target, HINSTANCE module, XMLElement* element)
     : m_module(module), m_parent(parent), m_target(target)
@@ -73,7 +72,6 @@ void Layout::WindowDestroyed()
 }
 
 // ---- Place and picture
-// ---------------------------------------------------------------------------
 
 void Layout::Show(bool show)
 {
@@ -103,7 +101,6 @@ void Layout::Paint(HDC dc)
 }
 
 // ---- Mouse
-// ---------------------------------------------------------------------------------------
 
 SmartButton* Layout::FindButton(int x, int y) const
 {
@@ -162,7 +159,6 @@ void Layout::SetCursor() const
 }
 
 // ---- The window
-// ----------------------------------------------------------------------------------
 
 namespace {
 

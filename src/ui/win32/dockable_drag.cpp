@@ -13,7 +13,6 @@ static FloatDrag drag;
 static win32::RegionHandle savedRegion;
 
 // ---- Moving
-// --------------------------------------------------------------------------------------
 
 void DockableWindow::Created(HWND window)
 {
@@ -133,7 +132,6 @@ void DockableWindow::DrawRopRect(const RECT& area, HDC dc, bool erase)
 }
 
 // ---- Messages
-// ------------------------------------------------------------------------------------
 
 LRESULT DockableWindow::DrawCaption(LPARAM lParam) const
 {

@@ -8,7 +8,6 @@
 using namespace qx;
 
 // ---- Registration
-// --------------------------------------------------------------------------------
 
 // In the entry that the object has already, or in the first free one.
 bool DockableWindow::Register(HWND frame)
@@ -65,7 +64,6 @@ void DockableWindow::FrameDestroyed(HWND frame)
 }
 
 // ---- Messages
-// ------------------------------------------------------------------------------------
 
 static void DrawFrameCaption(HWND frame, bool active)
 {

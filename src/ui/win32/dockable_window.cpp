@@ -19,7 +19,6 @@ DockableWindow::hwndToobj DockableWindow::windToThis[32];
 bool DockableWindow::initial = true;
 
 // ---- Life
-// ----------------------------------------------------------------------------------------
 
 DockableWindow::DockableWindow(HWND owner, HWND hosted)
     : m_owner(owner),
@@ -93,7 +92,6 @@ DockableWindow* DockableWindow::ObjectOf(HWND window)
 }
 
 // ---- Docking
-// -------------------------------------------------------------------------------------
 
 static HWND FindFrame(HWND window)
 {
@@ -177,7 +175,6 @@ LPARAM DockableWindow::ToolbarFlag() const
 }
 
 // ---- Place and caption
-// ---------------------------------------------------------------------------
 
 RECT DockableWindow::FloatArea() const
 {

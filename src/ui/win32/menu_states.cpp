@@ -11,7 +11,6 @@ static_assert(kItemGrayed == MF_GRAYED && kItemDisabled == MF_DISABLED &&
               kItemChecked == MF_CHECKED);
 
 // ---- Reading
-// -------------------------------------------------------------------------------------
 
 using Menus = std::set<HMENU>;
 
@@ -48,7 +47,6 @@ static Menu Read(HMENU menu)
 }
 
 // ---- Applying
-// ------------------------------------------------------------------------------------
 
 static void EnableItem(HMENU menu, const MenuItem& item)
 {

@@ -34,7 +34,6 @@ static constexpr std::int64_t kMostPixels = 8192 * 4320;  // of a button
 static constexpr int kMostFontHeight = 1000;              // pixels
 
 // ---- The icon
-// ------------------------------------------------------------------------------------
 
 static SIZE IconSize(bool isSmall)
 {
@@ -79,7 +78,6 @@ static IconHandle IconOf(const QuickIcon& icon, HINSTANCE module)
 }
 
 // ---- Drawing
-// -------------------------------------------------------------------------------------
 
 static FontHandle CaptionFont(int height)
 {

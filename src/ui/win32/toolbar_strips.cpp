@@ -66,7 +66,6 @@ static void Unregister(const StripWindow& object)
 }
 
 // ---- Life
-// ----------------------------------------------------------------------------------------
 
 StripWindow::StripWindow()
 {
@@ -113,7 +112,6 @@ bool StripWindow::Create(HWND parent, const StripResources& resources)
 }
 
 // ---- Messages
-// ------------------------------------------------------------------------------------
 
 std::shared_ptr<StripWindow> StripWindow::Own(HWND strip)
 {

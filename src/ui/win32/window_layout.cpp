@@ -57,7 +57,6 @@ static RECT WindowArea(HWND window, HWND host)
 }
 
 // ---- Life
-// ----------------------------------------------------------------------------------------
 
 WindowLayout::WindowLayout(HWND host)
     : m_host(host), m_previous(nullptr), m_life(std::make_shared<char>())
@@ -116,7 +115,6 @@ void WindowLayout::HostDestroyed()
 }
 
 // ---- Panes
-// ---------------------------------------------------------------------------------------
 
 void WindowLayout::AddWindow(HWND window, int size, DWORD flags, const MINMAXINFO* limits)
 {
@@ -177,7 +175,6 @@ DWORD WindowLayout::WhichSide(const RECT& screen) const
 }
 
 // ---- Layout
-// --------------------------------------------------------------------------------------
 
 static bool SameWindows(const std::vector<PaneData>& a, const std::vector<PaneData>& b)
 {
@@ -250,7 +247,6 @@ void WindowLayout::RaiseMinimum(MINMAXINFO& host) const
 }
 
 // ---- Painting
-// ------------------------------------------------------------------------------------
 
 static void DrawGrip(HDC dc, const PaneData& splitter)
 {
@@ -278,7 +274,6 @@ void WindowLayout::ClientPaint()
 }
 
 // ---- Messages of the host
-// ------------------------------------------------------------------------
 
 static POINT PointOf(LPARAM lParam)
 {
