@@ -74,7 +74,7 @@ struct DoubleCalls {
 
     static BOOL WINAPI PrintDlgA(PRINTDLGA* request)
     {
-        EXPECT_EQ(static_cast<DWORD>(PD_RETURNDEFAULT), request->Flags);
+        EXPECT_EQ(static_cast<DWORD>(PD_RETURNDEFAULT | PD_NOWARNING), request->Flags);
         const struct {
             DEVNAMES names{8, 15, 22, 0};
             char texts[20] = "driver\0device\0port";

@@ -104,7 +104,8 @@ class QX_API QXPrint {
 
     // Ends the job: the document goes to the printer when `result`, that of the last printing call,
     // is positive and the user has not cancelled. Otherwise it is aborted and the user is told why.
-    // A mailed report is then handed to the mail client. Nothing happens without a running job.
+    // A mailed report is then handed to the mail client. Nothing happens without a running job, nor
+    // from a message that is handled inside PageStart, PageEnd or EndPrint.
     void EndPrint(int result);
 
     // The next report is written to the PDF file `path`. Null, empty and longer than 259 characters
@@ -164,6 +165,7 @@ class QX_API QXPrint {
     bool CreateFonts();
     bool MeasurePage();
     // Parts of the end.
+    bool EndDocument(int result);
     void Abort();
     void DeleteObjects();
     void Finish();

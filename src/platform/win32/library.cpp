@@ -6,10 +6,12 @@
 
 namespace qx::platform {
 
-// What a library needs itself is looked for in its own folder, too.
+// What a library needs itself is looked for in its own folder, too. A bare name is looked for in
+// the folders of the program and the system; not in the current one, where anybody's files may be.
 static DWORD SearchFlags(const char* path)
 {
-    return FolderPart(path).empty() ? 0 : LOAD_WITH_ALTERED_SEARCH_PATH;
+    return FolderPart(path).empty() ? LOAD_LIBRARY_SEARCH_DEFAULT_DIRS
+                                    : LOAD_WITH_ALTERED_SEARCH_PATH;
 }
 
 Library::Library(const char* path) : m_handle(::LoadLibraryExA(path, nullptr, SearchFlags(path))) {}

@@ -15,6 +15,7 @@ struct State {
     HWND disabled = nullptr;  // the owner, unless it was disabled already
     int opened = 0;
     bool cancelled = false;
+    int asked = 0;  // calls of the abort procedure that have not returned
 } state;
 
 void DisableOwner(HWND owner)
@@ -132,6 +133,7 @@ void ForgetCancel()
 
 BOOL CALLBACK AbortProcedure(HDC, int) noexcept
 {
+    ++state.asked;
     MSG message{};
     while (!state.cancelled && ::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) {
@@ -142,7 +144,13 @@ BOOL CALLBACK AbortProcedure(HDC, int) noexcept
             ::DispatchMessageA(&message);
         }
     }
+    --state.asked;
     return !state.cancelled;
+}
+
+bool IsInAbortProcedure()
+{
+    return state.asked > 0;
 }
 
 }  // namespace qx::win32

@@ -20,5 +20,7 @@ void ForgetCancel();
 // For SetAbortProc: handles the messages that wait; false once the job is cancelled. The end of the
 // program's message loop cancels it too.
 BOOL CALLBACK AbortProcedure(HDC dc, int error) noexcept;
+// Whether one of those messages is being handled.
+bool IsInAbortProcedure();
 
 }  // namespace qx::win32

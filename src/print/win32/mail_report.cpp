@@ -100,7 +100,8 @@ void OfferReport(HWND owner, const std::string& pdf, const std::string& title)
     if (kept.empty())
         ErrorMessage(nullptr, Title(), owner, kNotKept, MB_ICONSTOP, pdf.c_str());
     else
-        platform::OpenDocument(owner, "explorer.exe", ("/select,\"" + kept + '"').c_str());
+        platform::OpenDocument(owner, (platform::SystemFolder() + "\\explorer.exe").c_str(),
+                               ("/select,\"" + kept + '"').c_str());
 }
 
 }  // namespace

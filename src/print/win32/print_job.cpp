@@ -21,6 +21,7 @@ static const JobMessage kJobFailed{kPrintingError, MB_ICONSTOP, {}};
 static const JobMessage kNotDiverted{kNoPdfPrinter, MB_ICONINFORMATION, {}};
 
 static const QXPrint* running = nullptr;  // the one whose job runs
+static bool ending = false;               // that job, in EndPrint
 
 // ---- Life
 
@@ -207,19 +208,33 @@ static void TellEnd(HWND owner, const JobMessage& message)
 
 void QXPrint::EndPrint(int result)
 {
-    if (!m_dc)
+    // What a message calls that is handled inside of a printing call must not pull that from below.
+    if (!m_dc || ending || IsInAbortProcedure())
         return;
-    if (result > 0 && !IsCancelled())
-        result = System().EndDoc(m_dc);
-    if (const auto message = EndMessage(result, IsCancelled())) {
-        if (m_owner)
-            TellEnd(m_owner, *message);
-        Abort();
-    }
+    ending = true;
+    if (!EndDocument(result))
+        return;
     DeleteObjects();
     if (mail)  // also after a job that was cancelled, as ever
-        MailReport(m_owner, m_pdfPath, m_mailTitle);
-    Finish();
+        MailReport(m_owner, std::string(m_pdfPath), std::string(m_mailTitle));
+    if (running == this)
+        Finish();
+}
+
+// Whether the object is still there: messages are handled meanwhile, one of which may destroy it.
+bool QXPrint::EndDocument(int result)
+{
+    auto message = EndMessage(result, IsCancelled());
+    if (!message) {
+        const int ended = System().EndDoc(m_dc);
+        if (ended <= 0)  // else it is on its way, even if the user cancels now
+            message = EndMessage(ended, IsCancelled());
+    }
+    if (message && running == this && m_owner)
+        TellEnd(m_owner, *message);
+    if (message && running == this)
+        Abort();
+    return running == this;
 }
 
 void QXPrint::Abort()
@@ -248,4 +263,5 @@ void QXPrint::Finish()
         CloseCancelWindow();
     m_owner = nullptr;
     running = nullptr;
+    ending = false;
 }

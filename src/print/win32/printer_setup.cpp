@@ -33,7 +33,7 @@ static bool IsMetric()
 
 bool QXPrint::SetupPrinter(HWND owner, bool useDefault, const char* kind)
 {
-    if (m_dc)
+    if (m_dc || m_diverted)  // the names and settings are in use, or not the user's
         return false;
     const std::string kindName = kind ? kind : "";
     const bool ready = useDefault ? TakeDefaultPrinter(kindName) : AskForPrinter(owner, kindName);
@@ -55,7 +55,7 @@ bool QXPrint::TakeDefaultPrinter(const std::string& kind)
     margins = {fromLeft, fromTop, fromRight, fromBottom};
     PRINTDLGA request{};
     request.lStructSize = sizeof request;
-    request.Flags = PD_RETURNDEFAULT;
+    request.Flags = PD_RETURNDEFAULT | PD_NOWARNING;  // no box of the system's own
     if (System().PrintDlgA(&request) && request.hDevNames) {
         FreeGlobal(m_deviceNames);
         FreeGlobal(m_deviceMode);

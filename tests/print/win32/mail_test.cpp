@@ -98,6 +98,16 @@ TEST_F(Mail, LeavesTheCurrentFolder)
     std::filesystem::current_path(MailClient::ProgramFolder());
 }
 
+TEST_F(Mail, ClientIsNoFileInTheCurrentFolder)
+{
+    std::filesystem::copy_file(MailClient::ProgramFolder() + "test_mail_client.dll",
+                               folder.Path("planted.dll"));
+    std::filesystem::current_path(folder.Path());
+    client.SetLibrary("planted.dll");
+    Cause({}, "planted.dll");
+    std::filesystem::current_path(MailClient::ProgramFolder());
+}
+
 // ---- Reports
 
 struct MailedReport : Mail {
@@ -105,6 +115,7 @@ struct MailedReport : Mail {
     {
         AttachProcess(::GetModuleHandleA(nullptr));
         directories.users[platform::UserFolder::Documents] = documents.Path();
+        directories.system = "C:\\Windows";
         client.SetDefault("");
     }
     ~MailedReport() override { DetachProcess(); }
@@ -150,7 +161,7 @@ TEST_F(MailedReport, IsKeptWhenNobodySendsIt)
     EXPECT_EQ("%PDF", documents.Read("A_B (2).pdf"));
     EXPECT_EQ("another report", documents.Read("A_B.pdf"));
     EXPECT_FALSE(std::filesystem::exists(pdf));
-    EXPECT_EQ("explorer.exe|/select,\"" + documents.Path("A_B (2).pdf") + '"',
+    EXPECT_EQ("C:\\Windows\\explorer.exe|/select,\"" + documents.Path("A_B (2).pdf") + '"',
               desktop.opened.at(0));
     EXPECT_EQ("E-mail Report", boxes.shown.at(0).caption);
     EXPECT_EQ(MB_ICONSTOP, boxes.shown.at(0).style);

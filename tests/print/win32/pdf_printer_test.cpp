@@ -12,6 +12,7 @@
 
 #include <filesystem>
 #include <gmock/gmock.h>
+#include <optional>
 
 using namespace qx::test;
 using testing::ElementsAre;
@@ -159,6 +160,26 @@ TEST_F(PdfPrinter, IsNotNeededForAMessage)
     client.SetDefault("");
     boxes.answers = {IDOK};
     EXPECT_EQ(0, send("me"));
+}
+
+TEST_F(PdfPrinter, BearsWhatMessagesDoMeanwhile)
+{
+    PrintSystemDouble system;
+    system.printers = {kXChange};
+    std::optional<QXPrint> print(std::in_place);
+    print->EmailSetTitle("Waited for in vain");
+    clock.meanwhile = [&] {
+        EXPECT_FALSE(print->SetupPrinter(nullptr, true, "DEF")) << "it is not the user's";
+    };
+    EXPECT_TRUE(PrintPage(*print));
+    EXPECT_EQ("9 (null) | (null)\n", client.Messages());
+
+    print->EmailSetTitle("Given up");
+    system.onEndDoc = [&] { print.reset(); };
+    EXPECT_TRUE(PrintPage(*print));
+    EXPECT_EQ("", client.Messages());
+    EXPECT_EQ(0, system.held);
+    EXPECT_EQ(0U, TemporaryFiles());
 }
 
 // Prints with the n-th call failing, and then on paper; false when there is no n-th call.

@@ -11,6 +11,7 @@
 
 #include <climits>
 #include <cmath>
+#include <functional>
 #include <gmock/gmock.h>
 #include <memory>
 
@@ -219,6 +220,43 @@ TEST_F(PrintJob, IsCancelledOnAnyPage)
         EXPECT_EQ("1008", Told());
         EXPECT_EQ("aborted", system.document);
     }
+}
+
+std::function<void()> onOwnMessage;
+
+LRESULT CALLBACK HandleOwnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_APP)
+        onOwnMessage();
+    return ::DefWindowProcA(window, message, wParam, lParam);
+}
+
+TEST_F(PrintJob, IsEndedOnlyByWhoPrints)
+{
+    const TestWindow owner("Owner");
+    ::SetWindowLongPtrA(owner, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(HandleOwnMessage));
+    PrintSystemDouble system;
+    QXPrint print;
+    const HDC dc = print.SetupPrint(owner, "Report");
+    bool handled = false;
+    onOwnMessage = [&] {
+        handled = true;
+        print.EndPrint(1);
+    };
+    ::PostMessageA(owner, WM_APP, 0, 0);
+    EXPECT_TRUE(system.abort(dc, 0));
+    EXPECT_TRUE(handled);
+    EXPECT_EQ(dc, print.GetDC());
+
+    system.onEndDoc = [&] {
+        print.EndPrint(1);
+        EXPECT_EQ(dc, print.GetDC());
+        Press(CancelWindow(), kCancelButton);  // too late
+    };
+    print.EndPrint(1);
+    EXPECT_EQ("", Told());
+    EXPECT_EQ("ended", system.document);
+    EXPECT_EQ(2, system.held) << "its printer";
 }
 
 TEST_F(PrintJob, IsCancelledWhenItsOwnerGoes)
