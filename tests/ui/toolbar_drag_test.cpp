@@ -84,4 +84,16 @@ TEST(FloatDrag, BordersSizeAndNeverAsk)
     }
 }
 
+TEST(FloatDrag, PressesAndEndsAtOddTimes)
+{
+    FloatDrag drag;
+    drag.Press(10);
+    drag.Release();
+    ASSERT_TRUE(drag.Enter({})) << "the button was let go before a loop began";
+    drag.Press(10);
+    EXPECT_TRUE(drag.Step({}, kYes)) << "a press elsewhere while a window is moved";
+    EXPECT_TRUE(drag.Exit().requestDock);
+    EXPECT_FALSE(drag.Exit().wasMove) << "nothing was begun";
+}
+
 }  // namespace
