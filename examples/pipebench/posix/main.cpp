@@ -38,7 +38,9 @@ static void RegisterStrings(HINSTANCE module)
 
 int main(int argc, char** argv)
 {
-    const Options options = ReadOptions({argv + (argc > 0), argv + argc});
+    Options options = ReadOptions({argv + (argc > 0), argv + argc});
+    if (options.print && options.error.empty())
+        options.error = "reports are printed on Windows only";
     if (!options.error.empty()) {
         std::fprintf(stderr, "pipebench: %s\n%s", options.error.c_str(), kUsage);
         return 2;
