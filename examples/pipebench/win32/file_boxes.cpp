@@ -99,8 +99,8 @@ std::optional<std::string> ChooseCurve(HWND owner, const Localisation& localisat
     return box.Run(owner, "Choose a pump curve", "Pump curves in this folder");
 }
 
-std::optional<std::string> ChooseLineToSave(HWND owner, const Localisation& localisation,
-                                            const std::string& path)
+std::optional<std::string> ChooseToSave(HWND owner, const Localisation& localisation,
+                                        const FileKind& kind, const std::string& path)
 {
     std::array<char, 255> filter{};
     std::array<char, MAX_PATH> file{};
@@ -109,11 +109,11 @@ std::optional<std::string> ChooseLineToSave(HWND owner, const Localisation& loca
     OPENFILENAMEA dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = owner;
-    dialog.lpstrFilter = LoadFileFilter(localisation.Module(), filter.data(), IDS_LINE_FILTER);
+    dialog.lpstrFilter = LoadFileFilter(localisation.Module(), filter.data(), kind.filter);
     dialog.lpstrFile = file.data();
     dialog.nMaxFile = file.size();
     dialog.lpstrInitialDir = folder.c_str();
-    dialog.lpstrDefExt = kLineFiles + 2;  // behind the "*."
+    dialog.lpstrDefExt = kind.extension;
     dialog.Flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST;
     if (!::GetSaveFileNameA(&dialog))
         return {};

@@ -19,8 +19,12 @@ std::optional<std::string> ChooseLine(HWND owner, const Localisation& localisati
                                       const Settings& settings);
 std::optional<std::string> ChooseCurve(HWND owner, const Localisation& localisation,
                                        HTML_HELP& help, const Settings& settings);
-// Where a line is to be saved; `path` is proposed.
-std::optional<std::string> ChooseLineToSave(HWND owner, const Localisation& localisation,
-                                            const std::string& path);
+// Where a file of a kind is to be saved; `path` is proposed.
+struct FileKind {
+    int filter;  // string of the kinds of files
+    const char* extension;
+};
+std::optional<std::string> ChooseToSave(HWND owner, const Localisation& localisation,
+                                        const FileKind& kind, const std::string& path);
 
 }  // namespace pipebench

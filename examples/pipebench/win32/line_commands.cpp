@@ -63,7 +63,8 @@ void MainWindow::SaveLine(int)
 
 void MainWindow::SaveLineAs(int)
 {
-    if (const auto path = ChooseLineToSave(Window(), m_localisation, m_line->path))
+    if (const auto path =
+            ChooseToSave(Window(), m_localisation, {IDS_LINE_FILTER, "pbl"}, m_line->path))
         Write(*path);
 }
 

@@ -1,17 +1,12 @@
 #include "win32/report_print.h"
 
 #include "ids.h"
+#include "win32/file_boxes.h"
 #include "win32/files.h"
 #include "win32/report_drawing.h"
 #include "win32/settings_store.h"
 
-#include <qxutility/config/startup.h>
 #include <qxutility/core/text.h>
-
-#include <windows.h>
-#include <commdlg.h>
-
-#include <array>
 
 namespace pipebench {
 
@@ -104,31 +99,15 @@ void ReportPrinter::Print(HWND owner, const Localisation& localisation,
     Run(owner, localisation, subject);
 }
 
-// Where the user wants the PDF; empty when they cancel.
-static std::string ChoosePdf(HWND owner, const Localisation& localisation, const std::string& name)
-{
-    std::array<char, 255> filter{};
-    std::array<char, MAX_PATH> file{};
-    name.copy(file.data(), 60);
-    SanitizeNoAsp(file.data());
-    OPENFILENAMEA dialog{};
-    dialog.lStructSize = sizeof dialog;
-    dialog.hwndOwner = owner;
-    dialog.lpstrFilter = LoadFileFilter(localisation.Module(), filter.data(), IDS_PDF_FILTER);
-    dialog.lpstrFile = file.data();
-    dialog.nMaxFile = file.size();
-    dialog.lpstrDefExt = "pdf";
-    dialog.Flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST;
-    return ::GetSaveFileNameA(&dialog) ? file.data() : "";
-}
-
 void ReportPrinter::SaveAsPdf(HWND owner, const Localisation& localisation,
                               const ReportSubject& subject)
 {
-    const std::string path = ChoosePdf(owner, localisation, subject.name);
-    if (path.empty())
+    std::string proposal = subject.name;
+    SanitizeNoAsp(proposal.data());
+    const auto path = ChooseToSave(owner, localisation, {IDS_PDF_FILTER, "pdf"}, proposal);
+    if (!path)
         return;
-    PaperJob().PDFSetFileName(path.c_str());
+    PaperJob().PDFSetFileName(path->c_str());
     Run(owner, localisation, subject);
 }
 
