@@ -44,12 +44,15 @@ static int Track(HWND strip, const std::vector<MenuEntry>& entries, POINT at)
 
 void StripWindow::ShowMenu(POINT at)
 {
-    if (!m_window || (m_locked && !m_customisable))
+    if (!m_window || m_inMenu || (m_locked && !m_customisable))
         return;
     const int hit = HitTest(StripBars(), at).index;
     const HWND toolbar = hit < 0 ? nullptr : m_bars[static_cast<std::size_t>(hit)].toolbar;
     const bool hasCatalogue = m_catalogue.front().command != 0;
-    Command(Track(m_window, StripMenu(MenuBars(), {m_locked, hasCatalogue, hit}), at), at, toolbar);
+    m_inMenu = true;
+    const int command = Track(m_window, StripMenu(MenuBars(), {m_locked, hasCatalogue, hit}), at);
+    m_inMenu = false;
+    Command(command, at, toolbar);
     TellChanged();
 }
 

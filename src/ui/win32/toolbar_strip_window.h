@@ -157,6 +157,7 @@ class StripWindow : public std::enable_shared_from_this<StripWindow> {
     int m_passes = 0;                     // of all of these
     bool m_resizing = false;              // the layout gives the strip its height
     bool m_sized = false;                 // and it has changed by that
+    bool m_inMenu = false;                // the menu is open
     bool m_resets = false;                // Reset was pressed in the customise dialog
     HWND m_dialog = nullptr;              // the customise dialog, once it was extended
     HWND m_customised = nullptr;          // the toolbar that it changes

@@ -138,6 +138,8 @@ static std::shared_ptr<StripWindow> Find(HWND window)
 void StripWindow::BeingDestroyed()
 {
     Unregister(*this);
+    if (m_inMenu)
+        ::EndMenu();  // its loop would wait for messages to the strip
     for (Bar& bar : m_bars) {
         if (bar.floating)
             FreeBar(bar);
