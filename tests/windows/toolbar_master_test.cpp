@@ -124,13 +124,13 @@ TEST_F(ToolStrip, ButtonsFollowTheHostsAnswers)
 TEST_F(ToolStrip, NumbersOfAFileMayBeAnything)
 {
     user.Write(
-        "<a ID=\"-7\" X=\"99999999\" Y=\"-1\"><b><iBitmap>99999</iBitmap>"
+        "<a ID=\"101\" X=\"99999999\" Y=\"-1\"><b><iBitmap>99999</iBitmap>"
         "<idCommand>0x7fffffff</idCommand></b><b><iBitmap>-1</iBitmap>"
         "<idCommand>-5</idCommand></b></a>");
     LoadedHost host;
     host.master->UpdateButtonStates();
-    EXPECT_EQ("4 4 ", States(host.Toolbar(-7)));
-    ::UpdateWindow(host.Toolbar(-7));
+    EXPECT_EQ("4 4 ", States(host.Toolbar(kFile)));
+    ::UpdateWindow(host.Toolbar(kFile));
 }
 
 TEST_F(ToolStrip, ComesBackAsItWasSaved)
