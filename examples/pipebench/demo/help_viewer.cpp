@@ -27,7 +27,6 @@ static HWND viewer;
 static std::string page;
 
 // ---- Reading
-// -------------------------------------------------------------------------------------
 
 static IStorage* OpenHelp(const std::string& file)
 {
@@ -99,7 +98,6 @@ static std::vector<std::string> LinesOf(const std::string& html)
 }
 
 // ---- Showing
-// -------------------------------------------------------------------------------------
 
 static void DrawLine(HDC dc, const std::string& text, int height, int weight, COLORREF colour,
                      RECT& area)
@@ -159,7 +157,6 @@ static void Show(HWND owner, const std::string& title)
 }
 
 // ---- The control's one function
-// ------------------------------------------------------------------
 
 static HWND Open(HWND owner, const std::string& target, std::uint32_t context)
 {
