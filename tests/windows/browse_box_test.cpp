@@ -2,6 +2,7 @@
 #include "support/guarded_buffer.h"
 #include "support/temporary_folder.h"
 #include "support/win32_ui.h"
+#include "support/window_spy.h"
 
 #include <qxutility/config/startup.h>
 #include <qxutility/ui/browse_box.h>
@@ -186,7 +187,10 @@ TEST_F(BrowseBox, SetsItsButtonsFromTheRight)
             EXPECT_EQ(help, ::IsWindowVisible(::GetDlgItem(dialog, kHelp)) != 0);
             EXPECT_EQ(area(dialog, kAnchor).right, last.right);
             EXPECT_EQ(area(dialog, kAnchor).top, cancel.top);
-            EXPECT_GT(cancel.left, okay.right);
+            RECT edges{};
+            ::GetClientRect(dialog, &edges);
+            ::MapWindowPoints(dialog, nullptr, reinterpret_cast<POINT*>(&edges), 2);
+            EXPECT_EQ((edges.right - area(dialog, kAnchor).right) / 2, cancel.left - okay.right);
             EXPECT_TRUE(!help || last.left - cancel.right == cancel.left - okay.right);
             ::SendMessageA(dialog, WM_COMMAND, kHelp, 0);
         });
@@ -275,7 +279,10 @@ TEST_F(BrowseBox, KeepsItsFolderWhenTheOtherDoesNotExist)
         });
         EXPECT_THAT(boxes, ElementsAre(HasSubstr("cannot be opened")));
     }
-    Show(box, [&](HWND dialog) { box.ChangeDirectories(dialog, (Folder("old") + "\\").c_str()); });
+    Show(box, [&](HWND dialog) {
+        box.ChangeDirectories(dialog, (Folder("old") + "\\").c_str());
+        EXPECT_THAT(Names(dialog), ElementsAre("older.dat"));
+    });
     EXPECT_EQ(Folder("old") + "\\", PathOf(box));
     EXPECT_THAT(boxes, IsEmpty());
 }
@@ -301,8 +308,14 @@ TEST_F(BrowseBox, PassesTheWheelOnToTheList)
     Show(box, [&](HWND dialog) {
         ::SendMessageA(dialog, WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0);
         EXPECT_GT(::SendDlgItemMessageA(dialog, kList, LB_GETTOPINDEX, 0, 0), 0);
-        // The list hands this one back to the dialog.
+        int turns = 0;
+        const Spy spy(::GetDlgItem(dialog, kList),
+                      [&](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+                          turns += message == WM_MOUSEWHEEL;
+                          return {};
+                      });
         ::SendMessageA(dialog, WM_MOUSEWHEEL, MAKEWPARAM(MK_CONTROL, -WHEEL_DELTA), 0);
+        EXPECT_EQ(1, turns) << "the list hands this one back to the dialog";
     });
 }
 

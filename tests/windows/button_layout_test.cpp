@@ -75,6 +75,7 @@ TEST(ButtonPanel, MissingPicturesFallBack)
     const Panel panel(buttons);
     EXPECT_TRUE(panel.Becomes(kRed, 5, 5));
     panel.Send(WM_MOUSEMOVE, 5, 5);
+    ::RedrawWindow(panel.window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
     EXPECT_EQ(kRed, panel.Pixel(5, 5)) << "hover";
     panel.Send(WM_LBUTTONDOWN, 5, 5);
     EXPECT_EQ(kRed, panel.Pixel(5, 5)) << "pressed";

@@ -159,6 +159,7 @@ TEST(MenuTranslation, SkipsItemsThatShowNoTextAndCutsOthersAt269Characters)
     ::AppendMenuA(menu, MF_STRING, 3, "");
     ::AppendMenuA(menu, MF_STRING, 0, "Open");  // an identifier of 0 counts as a separator
     ::AppendMenuA(menu, MF_STRING, 4, std::string(5'000, 'x').c_str());
+    ::AppendMenuA(menu, MF_STRING, 5, ("xyz\t" + std::string(5'000, 'k')).c_str());
 
     const auto before = {InfoOf(menu, 0), InfoOf(menu, 1)};
     test.language.Menu(menu, 0);
@@ -173,6 +174,7 @@ TEST(MenuTranslation, SkipsItemsThatShowNoTextAndCutsOthersAt269Characters)
     EXPECT_EQ("", TextsOf(menu)[2]);
     EXPECT_EQ("Open", TextsOf(menu)[3]);
     EXPECT_EQ(std::string(269, 'x'), TextsOf(menu)[4]);
+    EXPECT_EQ(269U, TextsOf(menu)[5].size()) << "its keys included";
     ::DestroyMenu(menu);
     ::DeleteObject(bitmap);
 }

@@ -7,6 +7,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
 namespace {
 
 // The longest texts that are looked at, terminators included.
@@ -14,11 +16,12 @@ constexpr int kMenuText = 270;
 constexpr int kControlText = 255;
 constexpr int kClassName = 256;
 
+// Of a text that does not fit, not every system ends what it copies.
 std::string MenuText(HMENU menu, UINT position)
 {
-    char text[kMenuText] = "";
-    ::GetMenuStringA(menu, position, text, sizeof text, MF_BYPOSITION);
-    return text;
+    char text[kMenuText];
+    const int length = ::GetMenuStringA(menu, position, text, sizeof text, MF_BYPOSITION);
+    return std::string(text, static_cast<std::size_t>(std::max(length, 0)));
 }
 
 // Changes the text alone: submenu, identifier, check mark, enabling and bitmaps stay. (ModifyMenu

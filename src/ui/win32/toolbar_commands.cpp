@@ -160,7 +160,7 @@ static MenuEntry EntryOf(HMENU menu, UINT command)
     info.cbSize = sizeof info;
     info.fMask = MIIM_STATE | MIIM_STRING;
     info.dwTypeData = text;
-    info.cch = sizeof text;
+    info.cch = sizeof text - 1;  // of a text that does not fit, not every system ends the copy
     ::GetMenuItemInfoA(menu, command, FALSE, &info);
     return {static_cast<int>(command), text, false, (info.fState & MFS_CHECKED) != 0};
 }
