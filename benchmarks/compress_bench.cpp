@@ -3,6 +3,7 @@
 // with a search that is not exhaustive.
 #include "formats/oracle/plain_compression.h"
 #include "support/bench.h"
+#include "support/fibonacci.h"
 
 #include <qxutility/formats/compression.h>
 
@@ -107,15 +108,6 @@ std::string Repeated(const std::string& period, std::size_t size)
     std::string text;
     while (text.size() < size)
         text += period;
-    text.resize(size);
-    return text;
-}
-
-std::string Fibonacci(std::size_t size)
-{
-    std::string text = "a", before = "b";
-    while (text.size() < size)
-        before = std::exchange(text, text + before);
     text.resize(size);
     return text;
 }
@@ -283,7 +275,7 @@ bool MeasureShapes(std::size_t size)
         {"one byte", std::string(size, 'x')},
         {"a period of 2", Repeated("ab", size)},
         {"a period of 7", Repeated("abcdefg", size)},
-        {"Fibonacci string", Fibonacci(size)},
+        {"Fibonacci string", qx::test::Fibonacci(size)},
         {"two-letter noise", Noise(size, 2)},
         {"noise of 16 letters", Noise(size, 16)},
         {"noise of 64 letters", Noise(size, 64)},

@@ -44,7 +44,7 @@ class Sorter {
         if (pieces > 1 && !SortLeftmost(pieces))
             return false;
         PlaceLeftmost(pieces);
-        InduceAll();
+        Induce<true>();
         return true;
     }
 
@@ -104,26 +104,7 @@ class Sorter {
         std::fill_n(m_order, m_size, 0);
         BucketEnds();
         ForLeftmost([this](Index i) { m_order[--m_bucket[Key(i)]] = i; });
-        BucketStarts();
-        AddL(m_size - 1);
-        for (Index at = 0; at < m_size; ++at) {
-            if (at + kAhead < m_size)
-                Ahead(at + kAhead);
-            const Index i = m_order[at];
-            m_order[at] = i < 0 ? ~i : 0;
-            if (i > 0)
-                AddL(i - 1);
-        }
-        BucketEnds();
-        for (Index at = m_size - 1; at >= 0; --at) {
-            if (at >= kAhead)
-                Ahead(at - kAhead);
-            const Index i = m_order[at];
-            if (i > 0) {
-                m_order[at] = 0;
-                AddS(i - 1, false);
-            }
-        }
+        Induce<false>();
         Index pieces = 0;
         for (Index at = 0; at < m_size; ++at) {
             if (m_order[at] < 0)
@@ -191,7 +172,10 @@ class Sorter {
         }
     }
 
-    void InduceAll()
+    // Induces the order of the L's and then of the S's. Leaves all places in order, or else the LMS
+    // ones only, complemented, and 0 elsewhere.
+    template <bool leavesAll>
+    void Induce()
     {
         BucketStarts();
         AddL(m_size - 1);
@@ -199,7 +183,7 @@ class Sorter {
             if (at + kAhead < m_size)
                 Ahead(at + kAhead);
             const Index i = m_order[at];
-            m_order[at] = ~i;
+            m_order[at] = leavesAll || i < 0 ? ~i : 0;
             if (i > 0)
                 AddL(i - 1);
         }
@@ -208,10 +192,10 @@ class Sorter {
             if (at >= kAhead)
                 Ahead(at - kAhead);
             const Index i = m_order[at];
+            if (leavesAll ? i <= 0 : i > 0)
+                m_order[at] = leavesAll ? ~i : 0;
             if (i > 0)
-                AddS(i - 1, true);
-            else
-                m_order[at] = ~i;
+                AddS(i - 1, leavesAll);
         }
     }
 

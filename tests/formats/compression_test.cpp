@@ -1,6 +1,7 @@
 #include "formats/chain_search.h"
 #include "formats/oracle/plain_compression.h"
 #include "formats/suffix_search.h"
+#include "support/fibonacci.h"
 
 #include <qxutility/formats/compression.h>
 
@@ -8,13 +9,13 @@
 #include <random>
 #include <string>
 #include <tuple>
-#include <utility>
 #include <vector>
 
 using namespace std::string_literals;
 using qx::ChainSearch;
 using qx::Match;
 using qx::SuffixSearch;
+using qx::test::Fibonacci;
 using qx::test::PlainCompress;
 using qx::test::PlainRestored;
 using Fault = Compression::Fault;
@@ -58,15 +59,6 @@ std::string Runs(Random& random, std::size_t size)
         for (std::size_t times = random() % 20; times > 0; --times)
             text += period;
     }
-    text.resize(size);
-    return text;
-}
-
-std::string Fibonacci(std::size_t size)
-{
-    std::string text = "a", before = "b";
-    while (text.size() < size)
-        before = std::exchange(text, text + before);
     text.resize(size);
     return text;
 }
