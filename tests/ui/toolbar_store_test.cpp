@@ -2,6 +2,7 @@
 
 #include "support/temporary_folder.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
 
 using namespace qx;
@@ -20,7 +21,7 @@ static std::vector<ToolbarRecord> OneBar()
 TEST(ToolbarStore, ASavedFileLoadsAgainAndItsFolderIsMade)
 {
     const TemporaryFolder folder;
-    const std::string path = folder.Path("a/b") + "/bars.xml";
+    const std::string path = (std::filesystem::path(folder.Path("a")) / "b" / "bars.xml").string();
     EXPECT_TRUE(LoadToolbarFile(path).bars.empty());
     ASSERT_TRUE(SaveToolbarFile(path, OneBar()));
     EXPECT_EQ(OneBar(), LoadToolbarFile(path).bars);
