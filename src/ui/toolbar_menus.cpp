@@ -36,13 +36,14 @@ static std::string NameOf(std::span<const MenuBar> bars, int index)
 
 static void AddBars(std::vector<MenuEntry>& menu, std::span<const MenuBar> bars)
 {
-    const auto shown = std::ranges::count(bars, true, &MenuBar::shown);
+    const auto shown =
+        std::ranges::count_if(bars, [](const MenuBar& bar) { return bar.exists && bar.shown; });
     for (std::size_t i = 0; i < bars.size(); ++i) {
         const MenuBar& bar = bars[i];
         if (bar.name.empty())
             continue;
         // The last bar that is shown cannot be hidden.
-        const bool stays = bar.shown && (!bar.editable || shown == 1);
+        const bool stays = bar.shown && (!bar.editable || shown <= 1);
         menu.push_back({kCommandFirstBar + static_cast<int>(i), bar.name, stays, bar.shown});
     }
 }

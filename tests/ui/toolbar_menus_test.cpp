@@ -35,6 +35,10 @@ TEST(StripMenu, EntriesWithTheirStates)
         const char* text;
     } const cases[] = {
         {"no catalogue", one, {}, "2001 | 2000- 2004 | 2005-+ "},
+        {"last with a toolbar",
+         {Bar("A", true, true), MenuBar{false, true, true, false, 0, "B"}},
+         {},
+         "2001 | 2000- 2004 | 2005-+ 2006-+ "},
         {"locked", one, {true, false, 0}, "2001+ | 2000 2004 | 2005-+ "},
         {"editable hit",
          two,
