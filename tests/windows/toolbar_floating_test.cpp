@@ -149,6 +149,31 @@ TEST_F(StripLife, HostMayEndItInAnyMessage)
     EXPECT_LE(24, ended);
 }
 
+TEST_F(StripLife, BarMayGoWhileItIsCustomised)
+{
+    const std::vector<std::function<void(ToolbarHost&)>> ends = {
+        [](ToolbarHost& host) { host.master->LoadToolbars(""); },
+        [](ToolbarHost& host) { ::DestroyWindow(host.strip); },
+        [](ToolbarHost& host) { ::DestroyWindow(host.window); }};
+    // But for the last: the window of a floating bar goes before the host's other windows.
+    for (std::size_t i = 0; i < 2 * ends.size() - 1; ++i) {
+        LoadedHost host;
+        const HWND bar = host.Toolbar(kFile);
+        if (i % 2 == 1)
+            host.master->ToggleDock(-1, -1, kFile, -1);
+        bool isThere = false;
+        const ModalAnswer modal([&](HWND) {
+            ends[i / 2](host);
+            isThere = ::IsWindow(bar);
+        });
+        ::SendMessageA(bar, TB_CUSTOMIZE, 0, 0);
+        EXPECT_EQ(1, modal.Count()) << i;
+        EXPECT_TRUE(isThere) << i << ": the control's call has not returned";
+        PumpWaiting();
+        EXPECT_FALSE(::IsWindow(bar)) << i;
+    }
+}
+
 TEST_F(StripLife, MessagesAtOddTimesDoNoHarm)
 {
     ToolbarHost host;

@@ -191,7 +191,9 @@ bool StripWindow::CreateToolBar(int id, HWND child)
 void StripWindow::FreeBar(Bar& bar)
 {
     const Bar gone = std::exchange(bar, {});
-    if (gone.toolbar)
+    if (gone.toolbar && gone.toolbar == m_customised)
+        LeaveToDialog(gone.toolbar);
+    else if (gone.toolbar)
         ::DestroyWindow(gone.toolbar);
 }
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace qx {
 
@@ -16,7 +17,9 @@ static constexpr int kAnyLabel = 65535;
 static constexpr int kName = 1000;  // the field that is added
 static constexpr int kMoreHeight = 40;
 
+// Properties of the dialog.
 static constexpr char kOwner[] = "QX_STRIP";
+static constexpr char kToolbar[] = "QX_TOOLBAR";  // that is to go with it
 
 // ---- Finding it
 
@@ -118,6 +121,20 @@ void StripWindow::DialogEnds(HWND dialog)
     m_dialog = nullptr;
 }
 
+// The control is still within its call that shows the dialog, and needs its window until that has
+// returned: it is destroyed by the first message after the dialog's end.
+void StripWindow::LeaveToDialog(HWND toolbar)
+{
+    const HWND dialog = std::exchange(m_dialog, nullptr);
+    m_customised = nullptr;
+    ::ShowWindow(toolbar, SW_HIDE);
+    ::SetParent(toolbar, HWND_MESSAGE);
+    if (dialog && ::SetPropA(dialog, kToolbar, toolbar))
+        ::SendMessageA(dialog, WM_CLOSE, 0, 0);
+    else
+        ::PostMessageA(toolbar, WM_CLOSE, 0, 0);
+}
+
 static void AskForHelp(HWND strip, HWND dialog)
 {
     NMHDR help{strip, static_cast<UINT_PTR>(::GetDlgCtrlID(strip)),
@@ -136,6 +153,8 @@ LRESULT CALLBACK StripWindow::DialogProcedure(HWND dialog, UINT message, WPARAM 
         if (const auto object = Own(strip))
             object->DialogEnds(dialog);
         ::RemovePropA(dialog, kOwner);
+        if (const HANDLE toolbar = ::RemovePropA(dialog, kToolbar))
+            ::PostMessageA(static_cast<HWND>(toolbar), WM_CLOSE, 0, 0);
     }
     const LRESULT result = win32::NextProcedure(DialogProcedure, dialog, message, wParam, lParam);
     if (message == WM_NCDESTROY)

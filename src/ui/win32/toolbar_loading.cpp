@@ -103,8 +103,11 @@ bool StripWindow::InitializeToolbars(const std::string& path)
     std::vector<ToolbarRecord> records;
     for (const Bar& bar : m_bars)
         records.push_back(bar.record);
-    for (const LoadStep& step : PlanLoading(records))
-        CarryOut(step);
+    const int load = ++m_loads;
+    for (const LoadStep& step : PlanLoading(records)) {
+        if (load == m_loads)  // the host may load other bars while it is told of these
+            CarryOut(step);
+    }
     KeepOneShown();
     for (const auto& [child, id] : children) {
         if (!m_window)

@@ -134,6 +134,7 @@ class StripWindow : public std::enable_shared_from_this<StripWindow> {
     void ResetAfterDialog();
     void CustomizeCustomizeWindow(HWND toolbar);
     void DialogEnds(HWND dialog);
+    void LeaveToDialog(HWND toolbar);
     static LRESULT CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wParam,
                                             LPARAM lParam) noexcept;
 
@@ -153,6 +154,7 @@ class StripWindow : public std::enable_shared_from_this<StripWindow> {
     std::array<Bar, kMostBars> m_bars;
 
     int m_dragged = -1;
+    int m_loads = 0;                      // so far
     int m_nested = 0;                     // layouts in progress, one within the other
     int m_passes = 0;                     // of all of these
     bool m_resizing = false;              // the layout gives the strip its height

@@ -141,7 +141,7 @@ void StripWindow::BeingDestroyed()
     if (m_inMenu)
         ::EndMenu();  // its loop would wait for messages to the strip
     for (Bar& bar : m_bars) {
-        if (bar.floating)
+        if (bar.floating || (bar.toolbar && bar.toolbar == m_customised))
             FreeBar(bar);
         bar.record.buttons.clear();
     }
