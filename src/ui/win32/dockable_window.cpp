@@ -127,8 +127,8 @@ void DockableWindow::UnDock(HWND owner, HWND hosted, int width, int height)
               ToInt(std::int64_t{size.cy} + margins.cy));
     ::SetParent(hosted, m_window);
     ::MoveWindow(hosted, 0, 0, size.cx, size.cy, TRUE);
-    ::ShowWindow(m_window, SW_SHOW);
     m_undocked = true;
+    ::ShowWindow(m_window, SW_SHOW);  // the frame is told, and may end the object
 }
 
 void DockableWindow::Dock(HWND* owner, RECT* dock)

@@ -43,16 +43,20 @@ static void SetWrapable(HWND toolbar, bool wrapable)
     ::SetWindowLongA(toolbar, GWL_STYLE, static_cast<LONG>(changed));
 }
 
+// Hiding the floating window sends messages to the host: the bar may be gone then.
 void StripWindow::Dock(Bar& bar)
 {
     POINT place{bar.floating->GetX(), bar.floating->GetY()};
+    const HWND toolbar = bar.toolbar;
     bar.floating->Dock(nullptr, nullptr);
+    if (bar.toolbar != toolbar)
+        return;
     ::ScreenToClient(m_window, &place);
     bar.record.x = place.x;
     bar.record.y = place.y < 0 ? 0 : place.y;
-    ::SetParent(bar.toolbar, m_window);
-    SetWrapable(bar.toolbar, false);
-    InsertWindow(bar.toolbar, 0);
+    ::SetParent(toolbar, m_window);
+    SetWrapable(toolbar, false);
+    InsertWindow(toolbar, 0);
 }
 
 // A floating bar is hidden with its frame.
