@@ -156,6 +156,17 @@ TEST_F(ToolbarDrag, BarFollowsTheRealMouse)
     EXPECT_TRUE(PumpUntil([] { return ::GetCursor() == ::LoadCursorA(nullptr, IDC_ARROW); }));
 }
 
+TEST_F(ToolbarDrag, EndsWithTheButtonAlsoInAStripThatWasLocked)
+{
+    LoadedHost host;
+    ::SendMessageA(host.strip, WM_LBUTTONDOWN, 0, MAKELPARAM(3, 10));
+    ASSERT_EQ(host.strip, ::GetCapture());
+    host.master->ToggleLockControls(1);
+    ::SendMessageA(host.strip, WM_LBUTTONUP, 0, MAKELPARAM(3, 10));
+    EXPECT_EQ(nullptr, ::GetCapture());
+    EXPECT_EQ(1, host.Count("changed"));
+}
+
 TEST_F(ToolbarMouse, ClicksTooltipsAndTheMenuOfAToolbarReachTheHost)
 {
     LoadedHost host;

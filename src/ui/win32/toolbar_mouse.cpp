@@ -51,9 +51,10 @@ void StripWindow::MouseMove(POINT mouse)
         ::UpdateWindow(bar.toolbar);
 }
 
+// A drag ends even when the host has locked the strip since it began.
 void StripWindow::ButtonUp()
 {
-    if (m_locked)
+    if (m_locked && m_dragged < 0)
         return;
     m_dragged = -1;
     if (::GetCapture() == m_window)
