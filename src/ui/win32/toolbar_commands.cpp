@@ -134,8 +134,12 @@ void StripWindow::DeleteCommand(HWND hit)
 
 void StripWindow::ResetCommand()
 {
-    if (Agrees(m_window, ResetQuestion(), "Toolbars"))
-        Reset();
+    if (!Agrees(m_window, ResetQuestion(), "Toolbars"))
+        return;
+    LoadDefaults();
+    NotifyAutoSize();
+    ::ShowWindow(m_window, SW_SHOW);
+    UpdateButtonStates();
 }
 
 void StripWindow::ToggleShown(int index)

@@ -124,14 +124,11 @@ void StripWindow::LoadToolbars(const std::string& fileName)
     RestoreBandPositions();
 }
 
-// The program's own bars, whatever the user has.
-void StripWindow::Reset()
+// The program's own bars, whatever the user has. The strip is left hidden.
+void StripWindow::LoadDefaults()
 {
     ::ShowWindow(m_window, SW_HIDE);
     LoadToolbars("");
-    NotifyAutoSize();
-    ::ShowWindow(m_window, SW_SHOW);
-    UpdateButtonStates();
 }
 
 // ---- Saving

@@ -103,7 +103,10 @@ void StripWindow::ResetAfterDialog()
 {
     if (!std::exchange(m_resets, false))
         return;
-    Reset();
+    LoadDefaults();
+    ::ShowWindow(m_window, SW_SHOW);
+    NotifyAutoSize();
+    UpdateButtonStates();
     RestoreBandPositions();
 }
 

@@ -97,7 +97,7 @@ class StripWindow : public std::enable_shared_from_this<StripWindow> {
     std::vector<std::pair<HWND, int>> TakeBarsAway();
     void CarryOut(const LoadStep& step);
     ToolbarRecord WrittenRecord(const Bar& bar) const;
-    void Reset();
+    void LoadDefaults();
 
     // Layout and picture: toolbar_layout.cpp
     void RestoreBandPositions();
