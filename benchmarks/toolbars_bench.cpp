@@ -1,6 +1,7 @@
 // A strip with as many toolbars as it can hold, of 100 buttons each: loading what an XML document
 // holds, laying the bars out, saving them; and what a layout costs with the number of bars.
 #include "support/bench.h"
+#include "support/toolbar_text.h"
 #include "ui/toolbar_drag.h"
 #include "ui/toolbar_file.h"
 #include "ui/toolbar_strip.h"
@@ -16,6 +17,7 @@
 namespace {
 
 using namespace qx;
+using qx::test::Written;
 
 constexpr double kLimit = 1e-3;  // seconds
 constexpr int kButtons = 100;
@@ -40,16 +42,6 @@ std::vector<ToolbarRecord> Bars(int count)
         bars.push_back(bar);
     }
     return bars;
-}
-
-std::string Written(const std::vector<ToolbarRecord>& bars)
-{
-    XMLWriter writer;
-    WriteToolbars(writer, bars);
-    std::string text(writer.StrLen() + 1, '\0');
-    writer.StrCpy(text.data(), static_cast<unsigned>(text.size()));
-    text.pop_back();
-    return text;
 }
 
 std::vector<StripBar> StripOf(const std::vector<ToolbarRecord>& bars)

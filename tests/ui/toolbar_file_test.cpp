@@ -1,12 +1,14 @@
 #include "ui/toolbar_file.h"
 
+#include "support/toolbar_text.h"
+
 #include <qxutility/formats/xml_document.h>
-#include <qxutility/formats/xml_writer.h>
 
 #include <gtest/gtest.h>
 #include <random>
 
 using namespace qx;
+using qx::test::Written;
 
 namespace {
 
@@ -15,16 +17,6 @@ std::vector<ToolbarRecord> Read(const std::string& xml)
     XMLDocument document;
     document.UseData(xml.data(), static_cast<int>(xml.size()));
     return ReadToolbars(document);
-}
-
-std::string Written(const std::vector<ToolbarRecord>& bars)
-{
-    XMLWriter writer;
-    WriteToolbars(writer, bars);
-    std::string text(writer.StrLen() + 1, '\0');
-    writer.StrCpy(text.data(), static_cast<unsigned>(text.size()));
-    text.pop_back();
-    return text;
 }
 
 TEST(ToolbarFile, TextThatIsWritten)

@@ -95,22 +95,27 @@ Bar& StripWindow::GetToolBarInfo(int id)
 }
 
 // Also behind an empty record; null when it is no longer there.
-Bar* StripWindow::BarOf(HWND toolbar)
+const Bar* StripWindow::BarOf(HWND toolbar) const
 {
     const auto found = std::ranges::find(m_bars, toolbar, &Bar::toolbar);
     return toolbar && found != m_bars.end() ? &*found : nullptr;
 }
 
+Bar* StripWindow::BarOf(HWND toolbar)
+{
+    return const_cast<Bar*>(std::as_const(*this).BarOf(toolbar));
+}
+
 SIZE StripWindow::BandSize(HWND toolbar) const
 {
-    const auto found = std::ranges::find(m_bars, toolbar, &Bar::toolbar);
-    return toolbar && found != m_bars.end() ? BarSize(*found) : SIZE{0, kBarHeight};
+    const Bar* bar = BarOf(toolbar);
+    return bar ? BarSize(*bar) : SIZE{0, kBarHeight};
 }
 
 bool StripWindow::IsWrapable(HWND toolbar) const
 {
-    const auto found = std::ranges::find(m_bars, toolbar, &Bar::toolbar);
-    return toolbar && found != m_bars.end() && !found->child;
+    const Bar* bar = BarOf(toolbar);
+    return bar && !bar->child;
 }
 
 // In the strip's coordinates.

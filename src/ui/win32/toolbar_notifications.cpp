@@ -8,9 +8,8 @@
 
 namespace qx {
 
-static constexpr int kMostText = 260;  // bytes of a tooltip, with the terminator
-static constexpr int kFirstCommandText =
-    2000;  // the number of a command's string, less the command
+static constexpr int kMostText = 260;           // bytes of a tooltip, with the terminator
+static constexpr int kFirstCommandText = 2000;  // number of a command's string, less the command
 
 LRESULT StripWindow::PassOn(WPARAM wParam, NMHDR& notification) const
 {

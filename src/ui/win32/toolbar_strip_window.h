@@ -77,6 +77,7 @@ class StripWindow : public std::enable_shared_from_this<StripWindow> {
     int GetBandID(HWND toolbar) const;
     int GetBandID(int id) const;
     Bar& GetToolBarInfo(int id);
+    const Bar* BarOf(HWND toolbar) const;
     Bar* BarOf(HWND toolbar);
     HWND NewToolbar(int id, int images) const;
     HWND CreateToolBar(int id);
